@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+/// What programs ask of the system besides the Win32 names: where a person's files go, whose clock
+/// runs, where diagnostics are shown.
+#pragma once
+
+#include <string>
+
+namespace kez::desktop {
+
+/// The directory for a person's pictures: under $XDG_DATA_HOME or ~/.local/share; on Windows under
+/// the application data folder. Not created here.
+[[nodiscard]] std::string dataHome();
+
+/// The directory that holds the running program's file.
+[[nodiscard]] std::string programDirectory();
+
+/// From now on `timeGetTime` and `Sleep` run on a clock of their own that starts at `start` and
+/// moves only when every thread of the program that was started with CreateThread, and the thread
+/// that called this, sleeps: it then jumps to the earliest wake-up. A visit thus plays as fast as
+/// the machine allows, and the same way each time. On Windows nothing changes: time is real there.
+void useScriptClock(unsigned start = 1000);
+
+/// `OutputDebugStringA` writes to standard error as well, or stops to.
+void showDebugOutput(bool shown);
+
+} // namespace kez::desktop
