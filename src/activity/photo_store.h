@@ -44,8 +44,8 @@ void makeThumbnail(const std::uint8_t* source, int sw, int sh, const std::uint8_
     std::uint8_t* out, int ow, int oh);
 bool savePhoto(const char* name, const std::uint8_t* pixels, int width, int height,
     const std::uint8_t* mask, const char* directory);
-bool saveClip(const char* name, const std::uint8_t* pixels, int width, int height,
-    const std::uint8_t* mask);
+bool saveClip(
+    const char* name, const std::uint8_t* pixels, int width, int height, const std::uint8_t* mask);
 
 /// Stores a picture from outside under `path`, reduced to 320 × 240 if it is larger, and its
 /// thumbnail under `name`. Changes `pixels`. See `importFailed`.

@@ -44,9 +44,15 @@ List* List::at(int position) const
     return children_[static_cast<std::size_t>(position)];
 }
 
-List* List::append(Object* item) { return insertBefore(nullptr, item, Ownership::Owning); }
+List* List::append(Object* item)
+{
+    return insertBefore(nullptr, item, Ownership::Owning);
+}
 
-List* List::appendRef(Object* item) { return insertBefore(nullptr, item, Ownership::Borrowed); }
+List* List::appendRef(Object* item)
+{
+    return insertBefore(nullptr, item, Ownership::Borrowed);
+}
 
 List* List::insertBefore(List* node, Object* item, Ownership ownership)
 {

@@ -34,13 +34,21 @@ public:
     ~List();
 
     [[nodiscard]] List* first() const { return first_; }
+
     [[nodiscard]] List* last() const { return last_; }
+
     [[nodiscard]] List* next() const { return next_; }
+
     [[nodiscard]] List* prev() const { return prev_; }
+
     [[nodiscard]] List* parent() const { return parent_; }
+
     [[nodiscard]] Object* item() const { return item_; }
+
     [[nodiscard]] bool owns() const { return owns_; }
+
     [[nodiscard]] int index() const { return index_; } ///< −1 in no list.
+
     [[nodiscard]] int count() const { return static_cast<int>(children_.size()); }
 
     /// Entries that the index has room for: 16 with the first child, then doubled when full.

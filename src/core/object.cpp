@@ -5,7 +5,10 @@
 
 namespace kez {
 
-Object* Object::clone() const { return nullptr; }
+Object* Object::clone() const
+{
+    return nullptr;
+}
 
 const String& Object::className() const
 {
@@ -25,6 +28,9 @@ void Object::serialize(DataFile& file)
     file.transfer(caption);
 }
 
-void Object::setName(const char* text) { name_ = text != nullptr ? String(text) : String(); }
+void Object::setName(const char* text)
+{
+    name_ = text != nullptr ? String(text) : String();
+}
 
 } // namespace kez

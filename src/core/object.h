@@ -19,6 +19,7 @@ public:
     virtual ~Object() = default; ///< Slot 4.
 
     [[nodiscard]] const String& name() const { return name_; }
+
     void setName(const char* text); ///< A copy of the text; empties the name when null.
 
     String caption; ///< A second text; the value where objects serve as name and value pairs.

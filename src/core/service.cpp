@@ -12,7 +12,10 @@ Service::~Service()
     Service::detach();
 }
 
-bool Service::isRegistered() const { return registration_ != nullptr; }
+bool Service::isRegistered() const
+{
+    return registration_ != nullptr;
+}
 
 void Service::attach()
 {
@@ -54,7 +57,10 @@ void dispatch(List& registry, DispatchPosition& position)
     }
 }
 
-void stopDispatch() { dispatching = false; }
+void stopDispatch()
+{
+    dispatching = false;
+}
 
 void leaveDispatch(const List* node, DispatchPosition& position)
 {

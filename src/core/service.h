@@ -24,7 +24,9 @@ public:
     virtual void serviceFired(Service& service); ///< Slot 10: clients react here.
 
     void setClient(Service* client) { client_ = client; } ///< Borrowed; null for none.
+
     [[nodiscard]] Service* client() const { return client_; }
+
     [[nodiscard]] List* registration() const { return registration_; }
 
     void fire(); ///< Tells the client; a diagnostic when there is none.
@@ -43,7 +45,8 @@ struct DispatchPosition {
     List* next = nullptr;
 };
 
-/// An event is under way. Cleared by `stopDispatch`; stays set after a dispatch that ran to its end.
+/// An event is under way. Cleared by `stopDispatch`; stays set after a dispatch that ran to its
+/// end.
 inline bool dispatching = false;
 
 /// Fires the services of a registry, the most recently attached first, until all have heard the

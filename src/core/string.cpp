@@ -26,7 +26,10 @@ bool isSpace(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
+bool isDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
 
 } // namespace
 
@@ -36,9 +39,15 @@ String::String(const char* text)
         assign(text);
 }
 
-String::String(std::string_view text) { assign(text); }
+String::String(std::string_view text)
+{
+    assign(text);
+}
 
-String::String(const String& other) { assign(other.view()); }
+String::String(const String& other)
+{
+    assign(other.view());
+}
 
 String::String(String&& other) noexcept
     : length_(std::exchange(other.length_, 0))
@@ -62,7 +71,10 @@ String& String::operator=(String&& other) noexcept
     return *this;
 }
 
-String::~String() { delete[] buffer_; }
+String::~String()
+{
+    delete[] buffer_;
+}
 
 void String::reserve(int length, bool keepText)
 {
@@ -92,14 +104,17 @@ void String::setAt(int position, char character)
     buffer_[position] = character;
 }
 
-void String::replace(char from, char to) { std::replace(buffer_, buffer_ + length_, from, to); }
+void String::replace(char from, char to)
+{
+    std::replace(buffer_, buffer_ + length_, from, to);
+}
 
 String& String::append(std::string_view text)
 {
     if (text.empty())
         return *this;
-    const String kept(buffer_ != nullptr && text.data() >= buffer_
-                && text.data() <= buffer_ + length_
+    const String kept(
+        buffer_ != nullptr && text.data() >= buffer_ && text.data() <= buffer_ + length_
             ? text
             : std::string_view()); // appending a part of itself: the part must outlive the growth
     const std::string_view source = kept.empty() ? text : kept.view();
@@ -157,7 +172,10 @@ void String::cut(int count)
     resize(length_ - removed);
 }
 
-int String::compare(std::string_view text) const { return view().compare(text); }
+int String::compare(std::string_view text) const
+{
+    return view().compare(text);
+}
 
 int String::compareIgnoringCase(std::string_view text) const
 {
@@ -191,7 +209,10 @@ int String::findLast(char character) const
     return found == std::string_view::npos ? -1 : static_cast<int>(found);
 }
 
-bool String::isBlank() const { return std::all_of(buffer_, buffer_ + length_, isSpace); }
+bool String::isBlank() const
+{
+    return std::all_of(buffer_, buffer_ + length_, isSpace);
+}
 
 bool String::isNumber() const
 {
@@ -212,9 +233,15 @@ String& String::format(const char* format, ...)
     return *this;
 }
 
-String& String::setNumber(int number) { return format("%d", number); }
+String& String::setNumber(int number)
+{
+    return format("%d", number);
+}
 
-String& String::setNumberPadded(int number) { return format("%03d", number); }
+String& String::setNumberPadded(int number)
+{
+    return format("%03d", number);
+}
 
 void String::dump() const
 {

@@ -20,6 +20,7 @@ public:
     ~String();
 
     [[nodiscard]] int length() const { return length_; }
+
     [[nodiscard]] bool empty() const { return length_ == 0; }
 
     /// Bytes allocated, the terminating zero included; 0 before the first text.
@@ -38,6 +39,7 @@ public:
     void replace(char from, char to); ///< Everywhere.
 
     String& append(std::string_view text);
+
     String& append(char character) { return append(std::string_view(&character, 1)); }
 
     /// Takes `count` characters of `text` from `start` on. A count of 0 means up to the end, a
@@ -46,6 +48,7 @@ public:
 
     void resize(int length); ///< Cuts, or pads with spaces.
     void cut(int count); ///< Removes `count` characters at the end, or at the start when negative.
+
     void clear() { resize(0); }
 
     /// Makes room for `length` characters and the zero in exactly `length` + 1 bytes, when there is
@@ -69,7 +72,9 @@ public:
     void dump() const; ///< Length, maximum and text, to the debugger output.
 
     friend bool operator==(const String& a, const String& b) { return a.view() == b.view(); }
+
     friend bool operator==(const String& a, std::string_view b) { return a.view() == b; }
+
     friend bool operator==(const String& a, const char* b) { return a.view() == b; }
 
 private:

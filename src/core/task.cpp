@@ -12,9 +12,15 @@ List& taskRegistry()
     return tasks;
 }
 
-List& Task::registry() { return taskRegistry(); }
+List& Task::registry()
+{
+    return taskRegistry();
+}
 
-TaskBody Task::run() { co_return; }
+TaskBody Task::run()
+{
+    co_return;
+}
 
 std::suspend_always Task::sleep(std::uint32_t milliseconds)
 {

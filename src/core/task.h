@@ -22,24 +22,32 @@ public:
         {
             return TaskBody(std::coroutine_handle<promise_type>::from_promise(*this));
         }
+
         std::suspend_always initial_suspend() noexcept { return {}; }
+
         std::suspend_always final_suspend() noexcept { return {}; }
+
         void return_void() { }
+
         void unhandled_exception() { std::terminate(); }
     };
 
     TaskBody() = default;
+
     TaskBody(TaskBody&& other) noexcept
         : handle_(std::exchange(other.handle_, nullptr))
     {
     }
+
     TaskBody& operator=(TaskBody&& other) noexcept
     {
         std::swap(handle_, other.handle_);
         return *this;
     }
+
     TaskBody(const TaskBody&) = delete;
     TaskBody& operator=(const TaskBody&) = delete;
+
     ~TaskBody()
     {
         if (handle_)
@@ -47,7 +55,9 @@ public:
     }
 
     explicit operator bool() const { return static_cast<bool>(handle_); }
+
     [[nodiscard]] bool done() const { return handle_.done(); }
+
     void resume() { handle_.resume(); }
 
 private:
@@ -77,6 +87,7 @@ public:
     void step();
 
     [[nodiscard]] std::uint32_t wakeTime() const { return wakeTime_; }
+
     [[nodiscard]] bool resumable() const { return resumable_; }
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-/// The software cursor: a graphic object that the current screen chooses and that follows the mouse,
-/// drawn after everything else.
+/// The software cursor: a graphic object that the current screen chooses and that follows the
+/// mouse, drawn after everything else.
 #pragma once
 
 namespace kez {

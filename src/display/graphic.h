@@ -25,10 +25,25 @@ constexpr Colour makeColour(unsigned red, unsigned green, unsigned blue, unsigne
     return alpha << 24 | blue << 16 | green << 8 | red;
 }
 
-constexpr unsigned redOf(Colour colour) { return colour & 255; }
-constexpr unsigned greenOf(Colour colour) { return colour >> 8 & 255; }
-constexpr unsigned blueOf(Colour colour) { return colour >> 16 & 255; }
-constexpr unsigned alphaOf(Colour colour) { return colour >> 24; }
+constexpr unsigned redOf(Colour colour)
+{
+    return colour & 255;
+}
+
+constexpr unsigned greenOf(Colour colour)
+{
+    return colour >> 8 & 255;
+}
+
+constexpr unsigned blueOf(Colour colour)
+{
+    return colour >> 16 & 255;
+}
+
+constexpr unsigned alphaOf(Colour colour)
+{
+    return colour >> 24;
+}
 
 constexpr Colour black = makeColour(0, 0, 0);
 constexpr Colour magenta = makeColour(255, 0, 255);
@@ -61,7 +76,8 @@ public:
     /// exchanged at 90 and 270 degrees.
     virtual bool hitTest(int px, int py) const;
 
-    virtual void fitInto(int w, int h); ///< Slot 12: the largest scale that fits; needs a base size.
+    virtual void fitInto(
+        int w, int h); ///< Slot 12: the largest scale that fits; needs a base size.
     virtual void changed(); ///< Slot 13: tells the layer's view.
     virtual void draw(); ///< Slot 14: into the open canvas.
     virtual void realize(); ///< Slot 15: takes the resources that drawing needs.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-/// The screen: the host's DirectDraw objects, and how a finished canvas reaches the primary surface.
-/// The module creates no host object and releases none; its own picture surface exists only when
-/// the display is not 32-bit.
+/// The screen: the host's DirectDraw objects, and how a finished canvas reaches the primary
+/// surface. The module creates no host object and releases none; its own picture surface exists
+/// only when the display is not 32-bit.
 #pragma once
 
 #include "core/string.h"
@@ -34,8 +34,8 @@ struct DisplayLayout {
 
 class Screen {
 public:
-    void attach(IDirectDraw* directDraw, IDirectDrawSurface* primary,
-        IDirectDrawSurface* secondary, int bitsPerPixel);
+    void attach(IDirectDraw* directDraw, IDirectDrawSurface* primary, IDirectDrawSurface* secondary,
+        int bitsPerPixel);
     void present(); ///< Converts the closed canvas if it must and copies it onto the primary.
     void detach(); ///< Releases what the screen created.
 
@@ -44,15 +44,21 @@ public:
     [[nodiscard]] bool checkResult(HRESULT result);
 
     /// A new system-memory surface holding a bitmap: a resource of the host program of that name,
-    /// else a file. A size of 0 × 0 keeps the bitmap's own. The caller releases it. Null on failure.
+    /// else a file. A size of 0 × 0 keeps the bitmap's own. The caller releases it. Null on
+    /// failure.
     IDirectDrawSurface* loadBitmapSurface(
         const char* name, int width, int height, BITMAP* description);
 
     [[nodiscard]] IDirectDraw* directDraw() const { return directDraw_; }
+
     [[nodiscard]] IDirectDrawSurface* primary() const { return primary_; }
+
     [[nodiscard]] IDirectDrawSurface* secondary() const { return secondary_; }
+
     [[nodiscard]] IDirectDrawSurface* picture() const { return picture_; }
+
     [[nodiscard]] int bitsPerPixel() const { return bitsPerPixel_; }
+
     [[nodiscard]] const DisplayLayout& layout() const { return layout_; }
 
 private:

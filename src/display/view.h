@@ -24,6 +24,7 @@ public:
     void sortLayer(); ///< By decreasing depth; equal depths keep their order.
 
     [[nodiscard]] List& items() { return items_; }
+
     [[nodiscard]] View& view() const { return view_; }
 
     bool visible = true; ///< Drawn. Picking does not ask.
@@ -47,7 +48,9 @@ public:
     virtual void invalidate(); ///< Slot 12: the content changed; nothing for a plain view.
 
     Layer& layer(int n); ///< Made on demand, with all lower ones.
+
     void add(Graphic& item) { layer(0).addToLayer(item); }
+
     void realize(); ///< Resolves sizes of 0, realizes every item and sorts the layers.
     void unrealize();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// The records of the latest key and mouse event, overwritten by the next one; clients read them in
-/// their `serviceFired`. A key release has neither key flag set, a button release neither mouse flag.
+/// their `serviceFired`. A key release has neither key flag set, a button release neither mouse
+/// flag.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-/// Targa files, the form in which every photograph is kept. Reads the common variants (colour-mapped,
-/// true-colour, grey; plain or run-length; 1 to 32 bits) into one form and writes exactly that form:
-/// 24-bit pixels blue, green, red; rows without gaps; the first row is the bottom row.
+/// Targa files, the form in which every photograph is kept. Reads the common variants
+/// (colour-mapped, true-colour, grey; plain or run-length; 1 to 32 bits) into one form and writes
+/// exactly that form: 24-bit pixels blue, green, red; rows without gaps; the first row is the
+/// bottom row.
 #pragma once
 
 #include "core/string.h"
@@ -19,7 +20,8 @@ public:
     TargaFile& operator=(const TargaFile&) = delete;
 
     /// Reads the file. The pixels stay this object's until its next read. Null (and a diagnostic
-    /// naming the file) on failure; the sizes may be stored all the same. Either pointer may be null.
+    /// naming the file) on failure; the sizes may be stored all the same. Either pointer may be
+    /// null.
     const std::uint8_t* read(int* width, int* height);
 
     /// Writes width × height pixels to `path`, whole or not at all, and counts the change of the

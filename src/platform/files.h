@@ -39,19 +39,22 @@ constexpr std::uint64_t largestRead = 1ull << 30;
 [[nodiscard]] std::optional<Bytes> read(std::string_view path, std::uint64_t limit = largestRead);
 
 /// Exactly `into.size()` bytes from `offset` on; false when the file has fewer.
-[[nodiscard]] bool readAt(std::string_view path, std::uint64_t offset, std::span<std::uint8_t> into);
+[[nodiscard]] bool readAt(
+    std::string_view path, std::uint64_t offset, std::span<std::uint8_t> into);
 
 /// Creates or replaces the file, whole or not at all.
 [[nodiscard]] bool write(std::string_view path, std::span<const std::uint8_t> bytes);
 
 [[nodiscard]] bool copy(std::string_view from, std::string_view to); ///< Replaces, as `write`.
 [[nodiscard]] bool remove(std::string_view path); ///< A regular file.
-[[nodiscard]] bool rename(std::string_view from, std::string_view to); ///< Fails on an existing name.
+[[nodiscard]] bool rename(
+    std::string_view from, std::string_view to); ///< Fails on an existing name.
 [[nodiscard]] bool createDirectory(std::string_view path); ///< True also when it exists already.
 
 struct Entry {
     std::string name; ///< As the file system spells it.
-    std::string shortName; ///< The 8.3 name where the file system keeps one and it differs; or empty.
+    std::string
+        shortName; ///< The 8.3 name where the file system keeps one and it differs; or empty.
 };
 
 /// The regular files of a directory, in the order in which the system lists them, read once. Only
@@ -71,7 +74,9 @@ public:
     Reader& operator=(const Reader&) = delete;
 
     explicit operator bool() const { return file_ != nullptr; }
+
     [[nodiscard]] std::uint64_t size() const { return size_; }
+
     [[nodiscard]] std::uint64_t position() const { return position_; }
 
     /// Reads as much as there is, up to the span's size; returns the bytes read.
@@ -94,6 +99,7 @@ public:
     Writer& operator=(const Writer&) = delete;
 
     explicit operator bool() const { return file_ != nullptr; } ///< The file could be created.
+
     bool write(std::span<const std::uint8_t> bytes); ///< Once false, always false.
     [[nodiscard]] bool commit();
 
@@ -119,6 +125,7 @@ public:
         bool renamesFail = false;
         bool removesFail = false;
     };
+
     explicit Fault(const Plan& plan);
     ~Fault();
     Fault(const Fault&) = delete;

@@ -8,8 +8,9 @@
 namespace kez {
 
 /// Scales sw × sh pixels to tw × th about the centre. Nothing is done unless both buffers exist and
-/// all sizes are positive. With s = source ÷ target size as a float, target offset r from the centre
-/// shows source offset trunc(r × s); the last row and column of an odd size repeat their neighbour.
+/// all sizes are positive. With s = source ÷ target size as a float, target offset r from the
+/// centre shows source offset trunc(r × s); the last row and column of an odd size repeat their
+/// neighbour.
 void scaleNearest(
     const std::uint32_t* source, int sw, int sh, std::uint32_t* target, int tw, int th);
 

@@ -76,12 +76,14 @@ struct POINT {
     LONG x;
     LONG y;
 };
+
 using LPPOINT = POINT*;
 
 struct SIZE {
     LONG cx;
     LONG cy;
 };
+
 using LPSIZE = SIZE*;
 
 struct RECT {
@@ -90,6 +92,7 @@ struct RECT {
     LONG right;
     LONG bottom;
 };
+
 using LPRECT = RECT*;
 using LPCRECT = const RECT*;
 
@@ -99,6 +102,7 @@ struct GUID {
     WORD Data3;
     BYTE Data4[8];
 };
+
 using IID = GUID;
 using LPGUID = GUID*;
 using REFIID = const IID&;
@@ -106,7 +110,8 @@ using REFIID = const IID&;
 #define LOWORD(value) (static_cast<WORD>(static_cast<DWORD_PTR>(value) & 0xFFFF))
 #define HIWORD(value) (static_cast<WORD>((static_cast<DWORD_PTR>(value) >> 16) & 0xFFFF))
 #define MAKELONG(low, high)                                                                        \
-    (static_cast<LONG>(static_cast<WORD>(low) | (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
+    (static_cast<LONG>(                                                                            \
+        static_cast<WORD>(low) | (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
 #define MAKELPARAM(low, high) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
 
 #define S_OK (static_cast<HRESULT>(0))
