@@ -11,6 +11,8 @@
 
 #include <windows.h>
 
+#include <mmsystem.h> // before dsound.h, which needs its wave formats
+
 #include <ddraw.h>
 #include <dsound.h>
 

@@ -3,37 +3,39 @@
 /// record that it lacks is sought as a loose file of the same layout, in the archive's directory,
 /// the extra directory and the current one.
 ///
-/// A record: u32 length of the whole record, a zero-terminated name (with its extension, at most 39
-/// characters) at offset 4, then the type's own fields. Little-endian. Records lie back to back; a
-/// length of 0, or the end of the data, ends them. A file that begins with "DIF1" is compressed
-/// (see dif1.h), any other is raw.
+/// Files and records are laid out as archive_block.h says. What is damaged is refused with a
+/// diagnostic that names the file; what is missing is the caller's to report.
 #pragma once
 
-#include <cstddef>
+#include "media/archive_block.h"
+
 #include <cstdint>
-#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kez {
 
 class ResourceArchive {
 public:
-    /// `path` may be null or empty: the archive is then empty. The extra directory may be null.
+    /// `path` may be null or empty: the archive is then empty. The extra directory may be null; one
+    /// that does not fit into 99 characters with its trailing backslash is ignored.
     ResourceArchive(const char* path, const char* extraDirectory);
-    ~ResourceArchive();
+    ~ResourceArchive() = default;
     ResourceArchive(const ResourceArchive&) = delete;
     ResourceArchive& operator=(const ResourceArchive&) = delete;
 
     void open(const char* path); ///< Releases first. A file that cannot be read leaves it empty.
     void release(); ///< Frees every record: no pointer from `find` is valid any more.
 
-    /// The record of that name ('A' to 'Z' equal 'a' to 'z'), or null; the caller reports. Valid
-    /// until `release`. The memory is writable and shared by all users of the name; the archive
-    /// owns it. The record's length field has been checked against the data that hold it.
+    /// The record of that name ('A' to 'Z' equal 'a' to 'z'), or null; the caller reports. The first
+    /// of several with one name. Valid until `release`. The memory is writable and shared by all
+    /// users of the name; the archive owns it. The record's length field has been checked against
+    /// the data that hold it.
     std::uint8_t* find(const char* name);
 
-    /// Reads one loose record file and adds it under the name stored in it. Null on failure.
+    /// Reads one loose record file and adds it under the name stored in it; while there is no
+    /// archive, the file becomes the archive, with all its records. Null on failure.
     std::uint8_t* addFile(const char* path);
 
     [[nodiscard]] int count() const { return static_cast<int>(entries_.size()); }
@@ -42,13 +44,16 @@ private:
     struct Entry {
         std::uint8_t* record;
         std::string name; ///< Normalised.
-        std::unique_ptr<std::uint8_t[]> owned; ///< The block of an added record; else null.
+        ByteBlock owned; ///< The block of an added record; else empty.
     };
 
-    std::vector<Entry> entries_;
-    std::unique_ptr<std::uint8_t[]> mainBlock_;
-    std::size_t mainSize_ = 0;
-    std::string archiveDirectory_;
+    void load(std::string_view path);
+    [[nodiscard]] std::uint8_t* findLoaded(std::string_view name) const;
+    std::uint8_t* addLoose(std::string_view directory, std::string_view name);
+
+    ByteBlock mainBlock_;
+    std::vector<Entry> entries_; ///< The main block's records in file order, then the added ones.
+    std::string archiveDirectory_; ///< Ends in a backslash, or empty; so does the next.
     std::string extraDirectory_;
 };
 
