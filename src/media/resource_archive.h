@@ -28,10 +28,10 @@ public:
     void open(const char* path); ///< Releases first. A file that cannot be read leaves it empty.
     void release(); ///< Frees every record: no pointer from `find` is valid any more.
 
-    /// The record of that name ('A' to 'Z' equal 'a' to 'z'), or null; the caller reports. The first
-    /// of several with one name. Valid until `release`. The memory is writable and shared by all
-    /// users of the name; the archive owns it. The record's length field has been checked against
-    /// the data that hold it.
+    /// The record of that name ('A' to 'Z' equal 'a' to 'z'), or null; the caller reports. The
+    /// first of several with one name. Valid until `release`. The memory is writable and shared by
+    /// all users of the name; the archive owns it. The record's length field has been checked
+    /// against the data that hold it.
     std::uint8_t* find(const char* name);
 
     /// Reads one loose record file and adds it under the name stored in it; while there is no

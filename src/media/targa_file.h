@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-/// Targa files, the form in which every photograph is kept. Reads the common variants (colour-mapped,
-/// true-colour, grey; plain or run-length; 1 to 32 bits) into one form and writes exactly that form:
-/// 24-bit pixels blue, green, red; rows without gaps; the first row is the bottom row.
+/// Targa files, the form in which every photograph is kept. Reads the common variants
+/// (colour-mapped, true-colour, grey; plain or run-length; 1 to 32 bits) into one form and writes
+/// exactly that form: 24-bit pixels blue, green, red; rows without gaps; the first row is the
+/// bottom row.
 #pragma once
 
 #include "core/string.h"

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "media/targa_pixels.h"
+
+#include <cstring>
+#include <type_traits>
+
+namespace kez {
+
+namespace {
+
+constexpr std::size_t mostPacketPixels = 128;
+
+// How one stored pixel of each depth becomes three bytes. `reportedRow` is how refusals number the
+// rows of that depth: they do not agree, and tools that read the texts rely on each.
+
+struct Indexed {
+    static constexpr std::size_t bytes = 1;
+
+    static int reportedRow(int row, int) { return row + 1; }
+
+    [[nodiscard]] Bgr operator()(const std::uint8_t* stored) const
+    {
+        return palette.colours[*stored];
+    }
+
+    const TargaPalette& palette;
+};
+
+struct FiveBits {
+    static constexpr std::size_t bytes = 2;
+
+    static int reportedRow(int row, int height) { return height - row; }
+
+    Bgr operator()(const std::uint8_t* stored) const { return fromTarga16(stored); }
+};
+
+template <std::size_t storedBytes>
+struct WholeBytes {
+    static constexpr std::size_t bytes = storedBytes;
+
+    static int reportedRow(int row, int) { return row; }
+
+    Bgr operator()(const std::uint8_t* stored) const { return { stored[0], stored[1], stored[2] }; }
+};
+
+template <class Pixel>
+void convert(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, std::uint8_t* out)
+{
+    if constexpr (std::is_same_v<Pixel, WholeBytes<3>>) {
+        std::memcpy(out, stored, count * 3);
+    } else {
+        for (std::size_t i = 0; i < count; ++i) {
+            const Bgr colour = pixel(stored + i * Pixel::bytes);
+            std::memcpy(out + i * 3, colour.data(), 3);
+        }
+    }
+}
+
+// Doubles what is there until the run is full.
+void repeat(const Bgr& colour, std::size_t count, std::uint8_t* out)
+{
+    const std::size_t size = count * 3;
+    std::memcpy(out, colour.data(), 3);
+    for (std::size_t done = 3; done < size;) {
+        const std::size_t piece = done < size - done ? done : size - done;
+        std::memcpy(out + done, out, piece);
+        done += piece;
+    }
+}
+
+template <class Pixel>
+String unpack(const Pixel& pixel, const TargaHeader& header, std::span<const std::uint8_t> stored,
+    std::uint8_t* out)
+{
+    const std::uint8_t* in = stored.data();
+    const std::uint8_t* const end = in + stored.size();
+    for (int row = 0; row < header.height; ++row) {
+        for (unsigned column = 0; column < header.width;) {
+            if (in == end)
+                return targaEndsEarly(stored.size() + 1, stored.size());
+            const unsigned control = *in++;
+            const std::size_t count = (control & 0x7F) + 1;
+            column += static_cast<unsigned>(count);
+            if (column > header.width)
+                return String().format("Decompression: Row %u's width is at least %u instead of %u",
+                    static_cast<unsigned>(Pixel::reportedRow(row, header.height)), column,
+                    header.width);
+            const bool isRun = (control & 0x80) != 0;
+            const std::size_t bytes = (isRun ? 1 : count) * Pixel::bytes;
+            const auto left = static_cast<std::size_t>(end - in);
+            if (left < bytes)
+                return targaEndsEarly(stored.size() + bytes - left, stored.size());
+            if (isRun)
+                repeat(pixel(in), count, out);
+            else
+                convert(pixel, in, count, out);
+            in += bytes;
+            out += count * 3;
+        }
+    }
+    return {};
+}
+
+template <class Pixel>
+String convertAs(const Pixel& pixel, const TargaHeader& header,
+    std::span<const std::uint8_t> stored, std::span<std::uint8_t> out)
+{
+    if (header.runLength())
+        return unpack(pixel, header, stored, out.data());
+    convert(pixel, stored.data(), static_cast<std::size_t>(header.pixels()), out.data());
+    return {};
+}
+
+// Bits run on across rows; the most significant one comes first.
+void convertBits(const TargaHeader& header, const TargaPalette& palette,
+    std::span<const std::uint8_t> stored, std::uint8_t* out)
+{
+    const auto count = static_cast<std::size_t>(header.pixels());
+    for (std::size_t i = 0; i < count; ++i, out += 3) {
+        const unsigned bit = stored[i / 8] >> (7 - i % 8) & 1u;
+        std::memcpy(out, palette.colours[bit].data(), 3);
+    }
+}
+
+} // namespace
+
+std::uint64_t leastTargaBytes(const TargaHeader& header)
+{
+    if (header.depth == 1)
+        return (header.pixels() + 7) / 8;
+    const std::uint64_t pixelBytes = (header.depth + 7u) / 8;
+    if (!header.runLength())
+        return header.pixels() * pixelBytes;
+    const std::uint64_t packets = (header.width + mostPacketPixels - 1) / mostPacketPixels;
+    return header.height * packets * (1 + pixelBytes);
+}
+
+String targaEndsEarly(std::uint64_t needed, std::uint64_t present)
+{
+    return String().format("Pixel data end early: at least %llu bytes needed, %llu present",
+        static_cast<unsigned long long>(needed), static_cast<unsigned long long>(present));
+}
+
+String convertTargaPixels(const TargaHeader& header, const TargaPalette& palette,
+    std::span<const std::uint8_t> stored, std::span<std::uint8_t> out)
+{
+    switch (header.depth) {
+    case 1:
+        convertBits(header, palette, stored, out.data());
+        return {};
+    case 8:
+        return convertAs(Indexed { palette }, header, stored, out);
+    case 24:
+        return convertAs(WholeBytes<3> {}, header, stored, out);
+    case 32:
+        return convertAs(WholeBytes<4> {}, header, stored, out);
+    default:
+        return convertAs(FiveBits {}, header, stored, out);
+    }
+}
+
+} // namespace kez
