@@ -8,7 +8,9 @@
 ///   letter or a leading separator in front of a whole path is not a name and is allowed.)
 /// - Renaming onto an existing name fails.
 /// - A file that is replaced is written beside and renamed over: whatever happens, the old file or
-///   the new one is there, whole.
+///   the new one is there, whole. (The bytes are on the disk before the name is: not even a pulled
+///   plug leaves half a file. A link is replaced, not followed.)
+/// - Only regular files are read or replaced: no devices, no pipes.
 ///
 /// Failures return false, an empty result or 0 and set the system's last error (`GetLastError`).
 #pragma once
@@ -26,12 +28,16 @@ namespace kez::files {
 
 using Bytes = std::vector<std::uint8_t>;
 
+/// Whose rules a path follows: the ones above, or the system's own, for files that a person keeps
+/// elsewhere and names as the system allows. Those are only read.
+enum class Naming { Ours, TheSystems };
+
 /// No file of ours is larger; a larger one is refused rather than read into memory.
 constexpr std::uint64_t largestRead = 1ull << 30;
 
 [[nodiscard]] bool isValidName(std::string_view name); ///< One path component.
 [[nodiscard]] bool exists(std::string_view path); ///< A regular file.
-[[nodiscard]] bool isDirectory(std::string_view path);
+[[nodiscard]] bool isDirectory(std::string_view path, Naming naming = Naming::Ours);
 [[nodiscard]] std::uint64_t size(std::string_view path); ///< 0 when there is no such file.
 
 /// The whole file. Empty when it cannot be opened, is no regular file, is larger than `limit` or
@@ -58,8 +64,10 @@ struct Entry {
 };
 
 /// The regular files of a directory, in the order in which the system lists them, read once. Only
-/// names that end in `extension` (without the dot, case ignored; empty: all names).
-[[nodiscard]] std::vector<Entry> list(std::string_view directory, std::string_view extension = {});
+/// names that end in `extension` (without the dot, case ignored; empty: all names); under our own
+/// rules no names that they refuse, and no file that is still being written.
+[[nodiscard]] std::vector<Entry> list(
+    std::string_view directory, std::string_view extension = {}, Naming naming = Naming::Ours);
 
 /// The path in the system's own form, existing parts spelt as the file system has them: for
 /// libraries that open files themselves.
@@ -68,7 +76,7 @@ struct Entry {
 /// A file opened for reading in pieces. Closed by the destructor.
 class Reader {
 public:
-    explicit Reader(std::string_view path);
+    explicit Reader(std::string_view path, Naming naming = Naming::Ours);
     ~Reader();
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
@@ -111,6 +119,7 @@ private:
     std::FILE* file_ = nullptr;
     std::string place_;
     std::string beside_;
+    std::uint64_t written_ = 0;
     bool failed_ = false;
 };
 

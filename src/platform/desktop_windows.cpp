@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <cstdio>
+
+namespace kez::desktop {
+
+namespace {
+
+constexpr DWORD debugOutputRaised = 0x40010006; // what OutputDebugStringA raises
+
+// The system offers each debug text to the handlers of exceptions before it looks for a debugger.
+LONG CALLBACK copyToStandardError(EXCEPTION_POINTERS* raised)
+{
+    const EXCEPTION_RECORD& record = *raised->ExceptionRecord;
+    if (record.ExceptionCode == debugOutputRaised && record.NumberParameters >= 2)
+        std::fputs(reinterpret_cast<const char*>(record.ExceptionInformation[1]), stderr);
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+} // namespace
+
+std::string dataHome()
+{
+    char folder[MAX_PATH];
+    const HRESULT found = SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, 0, folder);
+    return found == S_OK ? std::string(folder) + "\\kez" : "kez";
+}
+
+std::string programDirectory()
+{
+    char path[MAX_PATH];
+    const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path);
+    const std::string file(path, length < sizeof path ? length : 0);
+    const std::size_t separator = file.rfind('\\');
+    return separator == std::string::npos ? "." : file.substr(0, separator);
+}
+
+void useScriptClock(unsigned) { } // time is real on Windows
+
+void showDebugOutput(bool shown)
+{
+    static void* handler = nullptr;
+    if (shown == (handler != nullptr))
+        return;
+    if (shown) {
+        handler = AddVectoredExceptionHandler(1, copyToStandardError);
+    } else {
+        RemoveVectoredExceptionHandler(handler);
+        handler = nullptr;
+    }
+}
+
+} // namespace kez::desktop
