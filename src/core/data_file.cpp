@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "core/data_file.h"
 
-#include <cstdint>
+#include "core/diagnostics.h"
+
+#include <bit>
+#include <span>
 #include <string>
 
 namespace kez {
@@ -9,66 +12,91 @@ namespace kez {
 namespace {
 
 // No name or caption is near this; a larger length can only come from a damaged file.
-constexpr unsigned longestText = 1u << 20;
+constexpr std::int32_t longestText = 1 << 20;
 
 } // namespace
 
 DataFile::DataFile(const char* path, Direction direction)
-    : file_(std::fopen(path, direction == Direction::Writing ? "wb" : "rb"))
-    , direction_(direction)
-    , path_(path)
+    : direction_(direction)
 {
+    if (direction == Direction::Writing) {
+        writer_.emplace(path);
+        if (!*writer_)
+            writer_.reset();
+    } else {
+        reader_.emplace(path);
+        if (!*reader_)
+            reader_.reset();
+    }
 }
 
 DataFile::~DataFile()
 {
-    if (file_ != nullptr)
-        std::fclose(file_);
+    if (writer_ && !writer_->commit())
+        reportLastError("A data file could not be written.");
 }
 
 bool DataFile::transfer(void* bytes, std::size_t count)
 {
     if (count == 0)
         return true;
-    if (file_ == nullptr)
+    const std::span<std::uint8_t> block(static_cast<std::uint8_t*>(bytes), count);
+    if (reader_)
+        return reader_->read(block) == count;
+    if (!writer_)
         return false;
-    if (direction_ == Direction::Reading)
-        return std::fread(bytes, count, 1, file_) == 1;
-    if (std::fwrite(bytes, count, 1, file_) == 1 && std::fflush(file_) == 0)
+    if (writer_->write(block))
         return true;
-    std::fclose(file_);
-    file_ = nullptr;
-    std::remove(path_.c_str());
+    writer_.reset();
     return false;
 }
 
-bool DataFile::transferLength(unsigned& length)
+bool DataFile::transfer(std::int32_t& word)
 {
-    unsigned char bytes[4];
+    const auto value = static_cast<std::uint32_t>(word);
+    std::uint8_t bytes[4];
     for (unsigned i = 0; i < 4; ++i)
-        bytes[i] = static_cast<unsigned char>(length >> (8 * i));
+        bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
     if (!transfer(bytes, sizeof bytes))
         return false;
-    length = 0;
+    std::uint32_t moved = 0;
     for (unsigned i = 0; i < 4; ++i)
-        length |= static_cast<unsigned>(bytes[i]) << (8 * i);
+        moved |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
+    word = static_cast<std::int32_t>(moved);
+    return true;
+}
+
+bool DataFile::transfer(double& number)
+{
+    const auto bits = std::bit_cast<std::uint64_t>(number);
+    auto low = static_cast<std::int32_t>(bits);
+    auto high = static_cast<std::int32_t>(bits >> 32);
+    if (!transfer(low) || !transfer(high))
+        return false;
+    number
+        = std::bit_cast<double>(static_cast<std::uint64_t>(static_cast<std::uint32_t>(high)) << 32
+            | static_cast<std::uint32_t>(low));
     return true;
 }
 
 bool DataFile::transfer(String& text)
 {
-    if (direction_ == Direction::Writing) {
-        auto length = static_cast<unsigned>(text.length());
-        std::string bytes(text.view());
-        return transferLength(length) && transfer(bytes.data(), bytes.size());
-    }
-    unsigned length = 0;
-    if (!transferLength(length) || length > longestText)
+    if (direction_ == Direction::Reading)
+        return readText(text);
+    std::int32_t length = text.length();
+    std::string bytes(text.view());
+    return transfer(length) && transfer(bytes.data(), bytes.size());
+}
+
+bool DataFile::readText(String& text)
+{
+    std::int32_t length = 0;
+    if (!transfer(length) || length < 0 || length > longestText)
         return false;
-    std::string bytes(length, '\0');
+    std::string bytes(static_cast<std::size_t>(length), '\0');
     if (!transfer(bytes.data(), bytes.size()))
         return false;
-    text = String(bytes.c_str()); // up to the first zero byte
+    text = String(bytes.c_str());
     return true;
 }
 

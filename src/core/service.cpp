@@ -64,11 +64,10 @@ void stopDispatch()
 
 void leaveDispatch(const List* node, DispatchPosition& position)
 {
-    if (node == nullptr || position.cursor != node)
-        return;
-    position.next = node->prev();
-    if (position.next == nullptr)
-        position.cursor = nullptr;
+    // The cursor moves as well: it must not point to a node that is gone when the service attached
+    // before leaves too.
+    if (node != nullptr && position.cursor == node)
+        position.cursor = position.next = node->prev();
 }
 
 } // namespace kez

@@ -167,6 +167,8 @@ void String::cut(int count)
         resize(length_ - std::min(count, length_));
         return;
     }
+    if (length_ == 0)
+        return;
     const int removed = count < -length_ ? length_ : -count;
     std::memmove(buffer_, buffer_ + removed, static_cast<std::size_t>(length_ - removed));
     resize(length_ - removed);
@@ -229,6 +231,7 @@ String& String::format(const char* format, ...)
     const int written = std::vsnprintf(fresh.buffer_, formattedLimit, format, arguments);
     va_end(arguments);
     fresh.length_ = std::clamp(written, 0, formattedLimit - 1);
+    fresh.buffer_[fresh.length_] = '\0';
     *this = std::move(fresh);
     return *this;
 }

@@ -40,6 +40,8 @@ void Task::restart()
 
 void Task::step()
 {
+    if (stepping_) // a frame inside a frame: the body is running already
+        return;
     if (!resumable_)
         body_ = run();
     resumable_ = false;

@@ -77,7 +77,7 @@ public:
     virtual TaskBody run();
 
     /// `co_await sleep(ms)` suspends the body until the first frame later than now + ms.
-    std::suspend_always sleep(std::uint32_t milliseconds);
+    [[nodiscard]] std::suspend_always sleep(std::uint32_t milliseconds);
 
     /// The next step starts the body at its beginning. A body may restart its own task: it then
     /// runs on to its next sleep, and is begun anew after that.

@@ -10,6 +10,7 @@
 #include <ddraw.h>
 
 #include <cstdint>
+#include <memory>
 
 namespace kez {
 
@@ -28,8 +29,11 @@ struct CanvasPixels {
 /// Makes `surface` the canvas; the stage point (x, y) is its centre. Not opened.
 void setTarget(IDirectDrawSurface* surface, int x, int y, int width, int height);
 
-void openTarget(); ///< In the current mode; see `pixelMode`.
-void closeTarget();
+/// Opens the canvas in the current mode (see `pixelMode`). When that fails, or the surface's rows
+/// are not exactly `width` pixels apart, it stays closed and `drawItem` draws nothing until the
+/// next opening.
+void openTarget();
+void closeTarget(); ///< Nothing when it is not open.
 [[nodiscard]] CanvasPixels targetPixels();
 [[nodiscard]] HDC targetDeviceContext(); ///< Null when the canvas is not open for GDI.
 [[nodiscard]] IDirectDrawSurface* targetSurface();
@@ -49,7 +53,8 @@ public:
     MemoryCanvas& operator=(const MemoryCanvas&) = delete;
 
 private:
-    CanvasPixels previous_;
+    struct Previous;
+    std::unique_ptr<Previous> previous_;
 };
 
 } // namespace kez

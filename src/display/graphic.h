@@ -65,6 +65,10 @@ public:
     Graphic& operator=(const Graphic&) = delete;
     ~Graphic() override; ///< Leaves its layer.
 
+    /// Slot 3: the name, the caption, then every field but the tag and the layer. The position is
+    /// stored in stage coordinates, whether the object is in a layer or not.
+    void serialize(DataFile& file) override;
+
     virtual double setScale(double percent); ///< Slot 5: displayed size in percent of the base.
     virtual void setHitMode(int mode, bool onlyWhenVisible); ///< Slot 6.
     virtual int left() const; ///< Slots 7 to 10: the edges in stage coordinates.
@@ -114,6 +118,11 @@ protected:
 
 private:
     friend class Layer;
+
+    [[nodiscard]] int originX() const; ///< The view's position; 0 in no layer.
+    [[nodiscard]] int originY() const;
+
+    [[nodiscard]] bool isTurnedSideways() const { return angle == 90 || angle == 270; }
 
     List* layerNode_ = nullptr;
     Layer* layer_ = nullptr;

@@ -1,53 +1,32 @@
 // SPDX-License-Identifier: MIT
 /// The screen: the host's DirectDraw objects, and how a finished canvas reaches the primary
-/// surface. The module creates no host object and releases none; its own picture surface exists
-/// only when the display is not 32-bit.
+/// surface. The module creates no host object and releases none. It has a picture surface of its
+/// own, which is the canvas, when the host's secondary cannot be: when the display is not 32-bit,
+/// or when the rows of a 32-bit secondary are not exactly 640 pixels apart.
 #pragma once
 
 #include "core/string.h"
+#include "display/display_layout.h"
 
 #include <windows.h>
 
 #include <ddraw.h>
 
-#include <cstdint>
-
 namespace kez {
-
-enum class DisplayFormat { rgb565, rgb555, rgbOther };
-
-/// One colour channel of a 16-bit display.
-struct ChannelMask {
-    std::uint32_t mask = 0;
-    int topBit = 0; ///< Highest set bit, 15 downward.
-    int width = 0; ///< Contiguous set bits from there down.
-};
-
-/// The layout of a 16-bit display, from its colour masks.
-struct DisplayLayout {
-    DisplayFormat format = DisplayFormat::rgb565;
-    ChannelMask red, green, blue;
-
-    static DisplayLayout fromMasks(
-        std::uint32_t redMask, std::uint32_t greenMask, std::uint32_t blueMask);
-};
 
 class Screen {
 public:
+    /// Borrows the host's objects until `detach`. Null surfaces are reported and nothing is shown.
+    /// Where the secondary's own pixel format tells another depth, that one counts.
     void attach(IDirectDraw* directDraw, IDirectDrawSurface* primary, IDirectDrawSurface* secondary,
         int bitsPerPixel);
     void present(); ///< Converts the closed canvas if it must and copies it onto the primary.
-    void detach(); ///< Releases what the screen created.
+    void detach(); ///< Releases what the screen created and forgets the host's objects.
 
     /// After a Lock, GetDC or BltFast: true when the call should be repeated (surfaces that were
-    /// lost have been restored). Other failures leave a diagnostic.
+    /// lost have been restored). Other failures leave a diagnostic, and so does a surface that is
+    /// lost again and again: the caller then goes without it for this frame.
     [[nodiscard]] bool checkResult(HRESULT result);
-
-    /// A new system-memory surface holding a bitmap: a resource of the host program of that name,
-    /// else a file. A size of 0 × 0 keeps the bitmap's own. The caller releases it. Null on
-    /// failure.
-    IDirectDrawSurface* loadBitmapSurface(
-        const char* name, int width, int height, BITMAP* description);
 
     [[nodiscard]] IDirectDraw* directDraw() const { return directDraw_; }
 
@@ -62,20 +41,27 @@ public:
     [[nodiscard]] const DisplayLayout& layout() const { return layout_; }
 
 private:
-    void detectLayout();
+    void readPixelFormat();
+    [[nodiscard]] bool secondaryCanBeCanvas();
     void createPicture();
     void convert();
+    void copyToPrimary();
 
     IDirectDraw* directDraw_ = nullptr;
     IDirectDrawSurface* primary_ = nullptr;
     IDirectDrawSurface* secondary_ = nullptr;
     IDirectDrawSurface* picture_ = nullptr;
     int bitsPerPixel_ = 0;
+    int losses_ = 0; ///< Losses reported one after the other.
     DisplayLayout layout_;
 };
 
 /// The one screen of the module.
 Screen& screen();
+
+/// Locks the whole surface, as often as `checkResult` asks. False: not locked.
+[[nodiscard]] bool lockSurface(
+    IDirectDrawSurface& surface, DWORD flags, DDSURFACEDESC& description);
 
 /// Writes "Abort <operation>:" and the text of the result code as a diagnostic.
 void abortReport(HRESULT result, const char* operation);

@@ -30,9 +30,6 @@ public:
     bool visible = true; ///< Drawn. Picking does not ask.
 
 private:
-    friend class Graphic;
-    void remove(Graphic& item, bool restorePosition);
-
     View& view_;
     List items_;
 };
