@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "camera_source.h"
+
+namespace kez::player {

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+/// The camera driver as the player sees it: the same library that the module loads by name, told
+/// where its pictures come from.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kez::player {
+
+/// Loads the driver and keeps it loaded. Without the driver every function answers false, and the
+/// module's camera does not answer either.
+class CameraSource {
+public:
+    CameraSource();
+    ~CameraSource();
+    CameraSource(const CameraSource&) = delete;
+    CameraSource& operator=(const CameraSource&) = delete;
+
+    explicit operator bool() const { return library_ != nullptr; }
+
+    /// "demo" (pictures from `demoDirectory`), "none" or "folder:DIR".
+    bool choose(const std::string& source, const std::string& demoDirectory);
+
+    bool takePicture(); ///< As a press of the camera's button.
+    bool setPlugged(bool plugged);
+
+private:
+    template <class Function>
+    [[nodiscard]] Function find(const char* name) const;
+
+    HMODULE library_;
+};
+
+} // namespace kez::player

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+/// The player's desk, shown while no activity runs: the picture that was handed back in a frame,
+/// three large buttons, and notes about what is missing.
+#pragma once
+
+#include "picture.h"
+
+#include <windows.h>
+
+#include <ddraw.h>
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kez::player {
+
+enum class DeskChoice { Camera, Book, Quit };
+constexpr std::size_t deskChoices = 3;
+
+/// What the last run handed back; `picture` is empty when the child chose none.
+struct HandedBack {
+    std::string name;
+    Picture picture;
+};
+
+class Desk {
+public:
+    /// Reads the desk's artwork from the directory; what cannot be read is drawn plainly.
+    explicit Desk(const std::string& artwork);
+
+    void lay(HandedBack handedBack) { handedBack_ = std::move(handedBack); }
+
+    /// Sentences for a grown-up, shown below the picture.
+    void setNotes(std::vector<std::string> notes) { notes_ = std::move(notes); }
+
+    /// Lights the button under the pointer, if any; true when that changes the desk.
+    bool point(int x, int y);
+    [[nodiscard]] std::optional<DeskChoice> press(int x, int y);
+    [[nodiscard]] std::optional<DeskChoice> key(int virtualKey);
+
+    /// The whole desk. `paper` is a surface of 640 × 480 pixels and 32 bits to write the texts on.
+    [[nodiscard]] Picture draw(IDirectDrawSurface& paper) const;
+
+private:
+    void step(int by); // To the next or previous button.
+    void drawSheets(Picture& page) const;
+    void writeTexts(HDC context) const;
+
+    Picture backdrop_;
+    std::array<Picture, deskChoices> lit_;
+    HandedBack handedBack_;
+    std::vector<std::string> notes_;
+    std::optional<std::size_t> chosen_;
+};
+
+} // namespace kez::player

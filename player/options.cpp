@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+#include <ostream>
+
+namespace kez::player {
+namespace {
+
+constexpr const char* description
+    = "Kez: pictures from a small camera, a photo book, and one picture to hand back.";
+
+constexpr const char* keys
+    = "Keys: C camera, B photo book, Q or Escape quit, arrows and Enter on the "
+      "desk; F11 full screen.\n"
+      "Ends with 0 when all went well, 1 when it could not start, 2 on wrong "
+      "usage, 3 when a step of a visit failed.";
+
+// A source that the camera driver knows; empty when `text` is one, else the complaint.
+std::string checkCamera(const std::string& text)
+{
+    constexpr std::string_view folder = "folder:";
+    if (text == "demo" || text == "none")
+        return {};
+    if (text.starts_with(folder) && text.size() > folder.size())
+        return {};
+    return "\"" + text + "\" is no camera; try demo, none or folder:DIR";
+}
+
+Activity activityNamed(const std::string& name)
+{
+    return name == "book" ? Activity::Book : Activity::Camera;
+}
+
+void addActivity(CLI::App& app, Options& options)
+{
+    app.add_option_function<std::string>(
+           "--module", [&](const std::string& name) { options.activity = activityNamed(name); },
+           "What to start with: camera or book")
+        ->check(CLI::IsMember({ "camera", "book" }))
+        ->option_text("NAME [camera]");
+    app.add_option("--data", options.data, "Where the pictures are kept")->type_name("DIR");
+    app.add_option("--camera", options.camera,
+           "Where pictures come from: demo, none, or folder:DIR (a folder of photographs)")
+        ->check(checkCamera)
+        ->option_text("SOURCE [" + options.camera + "]");
+    app.add_option("--disk-budget", options.diskBudget, "Bytes that one run may add to the disk")
+        ->check(CLI::Range(0, std::numeric_limits<int>::max()))
+        ->option_text("BYTES [" + std::to_string(options.diskBudget) + "]");
+    app.add_flag_callback(
+        "--no-song", [&] { options.song = false; }, "Leave out the song");
+    app.add_flag_callback(
+        "--no-intro", [&] { options.intro = false; }, "Leave out the guide's introduction");
+}
+
+void addDisplay(CLI::App& app, Options& options)
+{
+    app.add_option("--depth", options.depth, "Bits of a pixel on the display: 16, 24 or 32")
+        ->check(CLI::IsMember({ 16, 24, 32 }))
+        ->option_text("BITS [" + std::to_string(options.depth) + "]");
+    app.add_flag("--fullscreen", options.fullScreen, "Fill the screen from the start");
+    app.add_flag("--headless", options.headless, "Show no window; needs no display");
+}
+
+void addVisits(CLI::App& app, Options& options)
+{
+    app.add_option("--visit", options.visit, "Play the steps of a file, then quit")
+        ->type_name("FILE");
+    app.add_option(
+           "--handed-back", options.handedBack, "Write the handed-back picture to a PNG file")
+        ->type_name("FILE");
+    app.add_option("--content", options.content, "The directory that holds data and audio")
+        ->type_name("DIR");
+    app.add_flag("--verbose", options.verbose, "Show diagnostics on standard error");
+}
+
+} // namespace
+
+Usage readOptions(int count, const char* const* arguments, const Options& defaults,
+    std::ostream& out, std::ostream& err)
+{
+    Usage usage { .options = defaults };
+    CLI::App app(description, "kez-player");
+    app.footer(keys);
+    app.set_version_flag("--version", "kez-player " KEZ_VERSION);
+    addActivity(app, usage.options);
+    addDisplay(app, usage.options);
+    addVisits(app, usage.options);
+    try {
+        app.parse(count, arguments);
+        usage.start = true;
+    } catch (const CLI::ParseError& error) {
+        const bool asked = app.exit(error, out, err) == 0;
+        usage.exitCode = asked ? ExitCode::Fine : ExitCode::BadUsage;
+    }
+    return usage;
+}
+
+} // namespace kez::player

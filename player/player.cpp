@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "player.h"
+
+#include "colours.h"
+#include "png_file.h"
+#include "start_checks.h"
+
+#include "host/kez.h"
+
+#include <mmsystem.h>
+
+#include <filesystem>
+#include <iostream>
+#include <utility>
+
+namespace kez::player {
+namespace {
+
+constexpr DWORD deskPauseMs = 15;
+
+// The module between `initialize` and `release`.
+class OpenModule {
+public:
+    OpenModule(HWND window, const Display& display, const std::string& data)
+    {
+        Kez::initialize(window, nullptr, display.directDraw(), display.primary(),
+            display.secondary(), display.bitsPerPixel(), data.c_str(), selectedFrame, labelText,
+            emptyCell, bookFrame);
+        Kez::initializeCamera();
+        Kez::open();
+    }
+
+    ~OpenModule() { Kez::release(); }
+
+    OpenModule(const OpenModule&) = delete;
+    OpenModule& operator=(const OpenModule&) = delete;
+};
+
+// The module's rows come bottom row first, three bytes a pixel: blue, green, red.
+HandedBack takeHandedBack()
+{
+    HandedBack result { Kez::imageName != nullptr ? Kez::imageName : "", {} };
+    if (Kez::image == nullptr || Kez::imageWidth <= 0 || Kez::imageHeight <= 0)
+        return result;
+    result.picture = blankPicture(Kez::imageWidth, Kez::imageHeight, 0);
+    const unsigned char* from = Kez::image;
+    for (int y = Kez::imageHeight - 1; y >= 0; --y) {
+        for (int x = 0; x < Kez::imageWidth; ++x, from += 3)
+            result.picture.at(x, y) = 0xFF000000u | std::uint32_t { from[2] } << 16
+                | std::uint32_t { from[1] } << 8 | from[0];
+    }
+    return result;
+}
+
+DisplayPlace placeFor(const Options& options)
+{
+    return options.headless ? DisplayPlace::OffScreen : DisplayPlace::OnScreen;
+}
+
+WindowShown shownFor(const Options& options)
+{
+    if (options.headless)
+        return WindowShown::Never;
+    return options.fullScreen ? WindowShown::FullScreen : WindowShown::OnScreen;
+}
+
+} // namespace
+
+Player::Player(const Options& options, Places places, std::vector<Step> steps)
+    : options_(options)
+    , places_(std::move(places))
+    , isVisit_(!options.visit.empty())
+    , visit_(std::move(steps), *this)
+{
+}
+
+ExitCode Player::play()
+{
+    if (!prepare())
+        return ExitCode::CouldNotStart;
+    const OpenModule module(window_->handle(), *display_, places_.data);
+    const std::vector<std::string> notes = startNotes();
+    for (const std::string& note : notes)
+        std::cerr << "kez-player: " << note << '\n';
+    desk_->setNotes(notes);
+    if (notes.empty())
+        startRun(options_.activity);
+    while (window_->pump() && !quits_) {
+        if (isVisit_ && !passVisit())
+            break;
+        pass();
+    }
+    return exitCode_;
+}
+
+// Everything that a run needs; complains about the first thing that is not there.
+bool Player::prepare()
+{
+    window_ = std::make_unique<HostWindow>(static_cast<WindowClient&>(*this), shownFor(options_));
+    if (!*window_)
+        return complain("No window can be shown here. With --headless and --visit FILE the program "
+                        "plays without one.");
+    if (const std::string missing = missingContent(places_.content); !missing.empty())
+        return complain(missing);
+    std::error_code error;
+    std::filesystem::current_path(places_.content, error);
+    if (error)
+        return complain(places_.content + " cannot be entered: " + error.message());
+    display_ = std::make_unique<Display>(window_->handle(), options_.depth, placeFor(options_));
+    if (!*display_)
+        return complain("The display does not serve: " + display_->problem() + ".");
+    paper_ = display_->makePaper();
+    desk_ = std::make_unique<Desk>("data");
+    return true;
+}
+
+std::vector<std::string> Player::startNotes()
+{
+    std::vector<std::string> notes = dataNotes(places_.data);
+    if (!display_->problem().empty())
+        notes.push_back(display_->problem() + ".");
+    if (!camera_)
+        notes.emplace_back("The camera driver qxdcdll is not beside the program: no camera will "
+                           "answer. Install the program again.");
+    else if (!camera_.choose(places_.camera, "data\\demo"))
+        notes.push_back(
+            "The camera takes no pictures from \"" + places_.camera + "\": is the folder there?");
+    return notes;
+}
+
+// In a box for a person at a window; visits and headless starts read it on standard error.
+bool Player::complain(const std::string& text) const
+{
+    if (options_.headless || isVisit_)
+        std::cerr << "kez-player: " << text << '\n';
+    else
+        MessageBoxA(window_->handle(), text.c_str(), "Kez", MB_OK | MB_ICONERROR);
+    return false;
+}
+
+void Player::pass()
+{
+    if (runs_) {
+        runs_ = Kez::process() && !Kez::exit;
+        if (!runs_)
+            endRun();
+        return;
+    }
+    if (deskIsStale_)
+        drawDesk();
+    Sleep(deskPauseMs);
+}
+
+// False when the visit is over.
+bool Player::passVisit()
+{
+    const VisitState state = visit_.pass();
+    if (state == VisitState::Failed) {
+        std::cerr << options_.visit << ':' << visit_.line() << ": " << visit_.complaint() << '\n';
+        exitCode_ = ExitCode::VisitFailed;
+    }
+    return state == VisitState::GoesOn;
+}
+
+void Player::startRun(Activity activity)
+{
+    Kez::run(activity == Activity::Camera ? Kez::camera : Kez::book, options_.diskBudget,
+        options_.song, options_.intro);
+    runs_ = true;
+}
+
+void Player::endRun()
+{
+    HandedBack handedBack = takeHandedBack();
+    if (!places_.handedBack.empty() && !handedBack.picture.empty()
+        && !writePng(places_.handedBack, handedBack.picture))
+        std::cerr << "kez-player: " << places_.handedBack << " cannot be written\n";
+    desk_->lay(std::move(handedBack));
+    drawDesk();
+}
+
+void Player::drawDesk()
+{
+    if (paper_ != nullptr)
+        display_->show(desk_->draw(*paper_));
+    deskIsStale_ = false;
+}
+
+void Player::choose(std::optional<DeskChoice> choice)
+{
+    deskIsStale_ = true;
+    if (!choice)
+        return;
+    if (*choice == DeskChoice::Quit)
+        quits_ = true;
+    else
+        startRun(*choice == DeskChoice::Camera ? Activity::Camera : Activity::Book);
+}
+
+void Player::pointerMoved(int x, int y)
+{
+    if (runs_ || desk_ == nullptr)
+        return;
+    HostWindow::showPointer();
+    deskIsStale_ |= desk_->point(x, y);
+}
+
+void Player::pointerPressed(int x, int y)
+{
+    if (!runs_ && desk_ != nullptr)
+        choose(desk_->press(x, y));
+}
+
+void Player::keyPressed(int virtualKey)
+{
+    if (!runs_ && desk_ != nullptr)
+        choose(desk_->key(virtualKey));
+}
+
+void Player::movePointer(int x, int y)
+{
+    SetCursorPos(x, y);
+}
+
+void Player::sendMessage(UINT message, WPARAM word, LPARAM detail)
+{
+    window_->send(message, word, detail);
+}
+
+bool Player::keepShot(const std::string& file)
+{
+    const auto shown = display_->shown();
+    return shown && writePng((std::filesystem::path(places_.shots) / file).string(), *shown);
+}
+
+int Player::picturesArrived() const
+{
+    return countCameraPictures(places_.data);
+}
+
+DWORD Player::now() const
+{
+    return timeGetTime();
+}
+
+} // namespace kez::player

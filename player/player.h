@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+/// The host program: lends the module a window, surfaces and a directory, starts its activities
+/// and shows what they hand back.
+#pragma once
+
+#include "camera_source.h"
+#include "desk.h"
+#include "display.h"
+#include "host_window.h"
+#include "options.h"
+#include "visit_player.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kez::player {
+
+/// The directories and files of one start: whole paths, which hold wherever the program goes.
+struct Places {
+    std::string data; ///< Where the pictures live.
+    std::string content; ///< Holds `data` and `audio`; the module runs there.
+    std::string handedBack; ///< A PNG file, or empty.
+    std::string shots; ///< Where a visit's screenshots go.
+    std::string camera; ///< The camera's source; its folder is a whole path, too.
+};
+
+class Player : private WindowClient, private VisitHost {
+public:
+    /// `steps` is the visit that `options` names; empty for a person's own visit.
+    Player(const Options& options, Places places, std::vector<Step> steps);
+    Player(const Player&) = delete;
+    Player& operator=(const Player&) = delete;
+
+    /// From the window's opening to its closing. What is missing is told in a box or on standard
+    /// error; what is wrong but bearable, on the desk before the first run.
+    [[nodiscard]] ExitCode play();
+
+private:
+    bool prepare();
+    [[nodiscard]] std::vector<std::string> startNotes();
+    bool complain(const std::string& text) const; // Always false.
+
+    void pass();
+    bool passVisit();
+    void startRun(Activity activity);
+    void endRun();
+    void choose(std::optional<DeskChoice> choice);
+    void drawDesk();
+
+    void pointerMoved(int x, int y) override;
+    void pointerPressed(int x, int y) override;
+    void keyPressed(int virtualKey) override;
+
+    void needsDrawing() override { deskIsStale_ = true; }
+
+    void movePointer(int x, int y) override;
+    void sendMessage(UINT message, WPARAM word, LPARAM detail) override;
+
+    bool takePicture() override { return camera_.takePicture(); }
+
+    bool setPlugged(bool plugged) override { return camera_.setPlugged(plugged); }
+
+    bool keepShot(const std::string& file) override;
+    [[nodiscard]] int picturesArrived() const override;
+
+    [[nodiscard]] bool runs() const override { return runs_; }
+
+    [[nodiscard]] DWORD now() const override;
+
+    Options options_;
+    Places places_;
+    bool isVisit_;
+    VisitPlayer visit_;
+    CameraSource camera_;
+    std::unique_ptr<HostWindow> window_;
+    std::unique_ptr<Display> display_;
+    ComPointer<IDirectDrawSurface> paper_;
+    std::unique_ptr<Desk> desk_;
+    bool runs_ = false;
+    bool deskIsStale_ = true;
+    bool quits_ = false;
+    ExitCode exitCode_ = ExitCode::Fine;
+};
+
+} // namespace kez::player
