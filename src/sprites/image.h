@@ -7,6 +7,8 @@
 #include "sprites/sprite_record.h"
 
 #include <cstdint>
+#include <optional>
+#include <span>
 
 namespace kez {
 
@@ -43,9 +45,26 @@ public:
         int blockY, int targetWidth, int targetHeight);
 
 protected:
+    enum class RecordOwner { Archive, Object };
+
     Image(const Image&) = default;
 
-    // the implementer's members: sprite, palette and alpha views
+    /// Takes the sprite from the record, the placement too unless told to keep it, and the palette
+    /// and alpha records from the archive. A missing one is reported by its name, or for a record
+    /// of the object's own by the system's text alone. Such a record's pixels keep their opacity;
+    /// an archive's get theirs from the alpha record.
+    void borrowSprite(std::span<std::uint8_t> record, const char* recordName, RecordOwner owner,
+        bool keepPlacement);
+
+private:
+    void takePlacement();
+    void borrowPalette(const char* recordName, RecordOwner owner);
+    void borrowAlpha(const char* recordName, RecordOwner owner);
+    [[nodiscard]] std::uint8_t* editablePixels() const;
+
+    std::optional<SpriteView> sprite_;
+    std::optional<PaletteView> palette_;
+    std::optional<AlphaView> alpha_;
 };
 
 } // namespace kez
