@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files.h"
+#include "platform/temporary_folder.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+
+namespace kez::files {
+namespace {
+
+using test::TemporaryFolder;
+using Names = std::vector<std::string>;
+
+Bytes bytesOf(const std::string& text)
+{
+    return Bytes(text.begin(), text.end());
+}
+
+bool writeInPieces(const std::string& path)
+{
+    Writer writer(path);
+    for (const std::string piece : { "n", "e", "w" })
+        if (!writer.write(bytesOf(piece)))
+            return false;
+    return writer.commit();
+}
+
+struct Operation {
+    const char* name;
+    std::function<bool(const TemporaryFolder&)> run;
+    int writes;
+};
+
+const Operation operations[] = {
+    { "write", [](const auto& folder) { return write(folder / "a.cam", bytesOf("new")); }, 1 },
+    { "copy", [](const auto& folder) { return copy(folder / "source", folder / "a.cam"); }, 1 },
+    { "pieces", [](const auto& folder) { return writeInPieces(folder / "a.cam"); }, 3 },
+};
+
+// Runs the operation once over an existing file and once where none is.
+void expectOldOrNew(const Operation& operation, const Fault::Plan& plan, bool succeeds)
+{
+    for (const bool existing : { true, false }) {
+        SCOPED_TRACE(existing ? "over a file" : "where none is");
+        const TemporaryFolder folder;
+        folder.put("source", "new");
+        if (existing)
+            folder.put("a.cam", "old");
+        {
+            const Fault fault(plan);
+            EXPECT_EQ(operation.run(folder), succeeds);
+        }
+        const std::string left = existing ? "old" : "(none)";
+        EXPECT_EQ(folder.get("a.cam"), succeeds ? "new" : left);
+        EXPECT_EQ(folder.names(),
+            existing || succeeds ? Names({ "a.cam", "source" }) : Names({ "source" }));
+    }
+}
+
+TEST(FilesFault, everyFailingWriteLeavesTheOldFileOrTheNew)
+{
+    for (const Operation& operation : operations)
+        for (int number = 0; number <= operation.writes; ++number) {
+            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(number));
+            expectOldOrNew(operation, { .failWriteNumber = number }, number == operation.writes);
+        }
+}
+
+TEST(FilesFault, everyFailingCommitLeavesTheOldFileOrTheNew)
+{
+    for (const Operation& operation : operations)
+        for (int number = 0; number <= 1; ++number) {
+            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(number));
+            expectOldOrNew(operation, { .failCommitNumber = number }, number == 1);
+        }
+}
+
+TEST(FilesFault, aFullDiskLeavesTheOldFileOrTheNew)
+{
+    for (const Operation& operation : operations)
+        for (std::int64_t room = 0; room <= 3; ++room) {
+            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(room));
+            expectOldOrNew(operation, { .roomBytes = room }, room == 3);
+        }
+}
+
+TEST(FilesFault, roomIsSharedByTheFilesThatAreWritten)
+{
+    const TemporaryFolder folder;
+    const Fault fault({ .roomBytes = 5 });
+    EXPECT_TRUE(write(folder / "a", bytesOf("four")));
+    EXPECT_FALSE(write(folder / "b", bytesOf("two")));
+    EXPECT_EQ(GetLastError(), ERROR_DISK_FULL);
+    EXPECT_TRUE(write(folder / "c", bytesOf("1")));
+    EXPECT_EQ(folder.names(), Names({ "a", "c" }));
+}
+
+TEST(FilesFault, whatALibraryPutsIntoTheStreamNeedsRoom)
+{
+    const TemporaryFolder folder;
+    for (const std::int64_t room : { 5, 6 }) {
+        const Fault fault({ .roomBytes = room });
+        Writer writer(folder / "a.jpg");
+        ASSERT_TRUE(writer.write(bytesOf("by")));
+        std::fputs("hand", writer.stream());
+        EXPECT_EQ(writer.commit(), room == 6) << room;
+    }
+    EXPECT_EQ(folder.get("a.jpg"), "byhand");
+}
+
+TEST(FilesFault, renamesAndRemovesFailOnRequestAndWorkAgainAfterwards)
+{
+    const TemporaryFolder folder;
+    folder.put("a", "A");
+    {
+        const Fault fault({ .renamesFail = true, .removesFail = true });
+        EXPECT_FALSE(rename(folder / "a", folder / "b"));
+        EXPECT_FALSE(remove(folder / "a"));
+        EXPECT_EQ(GetLastError(), ERROR_IO_DEVICE);
+    }
+    EXPECT_TRUE(rename(folder / "a", folder / "b"));
+    EXPECT_EQ(folder.get("b"), "A");
+    EXPECT_TRUE(remove(folder / "b"));
+    EXPECT_TRUE(folder.names().empty());
+}
+
+TEST(FilesFault, aRealFullDiskFailsTheWrite)
+{
+    // The stream goes to a device that is always full; what the buffer holds fails at the commit.
+    const TemporaryFolder folder;
+    folder.put("a", "old");
+    Writer writer(folder / "a");
+    ASSERT_NE(std::freopen("/dev/full", "wb", writer.stream()), nullptr);
+    EXPECT_TRUE(writer.write(bytesOf("new")));
+    EXPECT_FALSE(writer.commit());
+    EXPECT_EQ(GetLastError(), ERROR_DISK_FULL);
+    EXPECT_EQ(folder.names(), Names({ "a" }));
+    EXPECT_EQ(folder.get("a"), "old");
+}
+
+} // namespace
+} // namespace kez::files

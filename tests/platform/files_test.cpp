@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files.h"
+#include "platform/temporary_folder.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kez::files {
+namespace {
+
+using test::TemporaryFolder;
+using Names = std::vector<std::string>;
+
+Bytes bytesOf(const std::string& text)
+{
+    return Bytes(text.begin(), text.end());
+}
+
+std::string textOf(const std::optional<Bytes>& bytes)
+{
+    return bytes ? std::string(bytes->begin(), bytes->end()) : "(none)";
+}
+
+Names namesOf(const std::vector<Entry>& entries)
+{
+    Names names;
+    for (const Entry& entry : entries)
+        names.push_back(entry.name);
+    std::ranges::sort(names);
+    return names;
+}
+
+struct CaseCase {
+    const char* asked;
+    const char* content;
+};
+
+TEST(Files, ignoreCaseButPreferTheExactSpelling)
+{
+    const TemporaryFolder folder;
+    ASSERT_TRUE(createDirectory(folder / "Photo"));
+    folder.put("Photo/Two.cam", "Two");
+    folder.put("Photo/two.cam", "two");
+    folder.put("Photo/one.CAM", "one");
+    const CaseCase cases[] = { { "photo\\ONE.cam", "one" }, { "Photo\\one.CAM", "one" },
+        { "PHOTO/two.cam", "two" }, { "photo\\Two.cam", "Two" }, { "photo\\TWO.CAM", "Two" },
+        { "photo\\..\\PHOTO\\.\\one.cam", "one" }, { "photo\\three.cam", "(none)" } };
+    for (const CaseCase& c : cases) {
+        EXPECT_EQ(textOf(read(folder / c.asked)), c.content) << c.asked;
+        EXPECT_EQ(exists(folder / c.asked), std::string("(none)") != c.content) << c.asked;
+    }
+}
+
+TEST(Files, areWrittenOverTheNameThatIsThere)
+{
+    const TemporaryFolder folder;
+    ASSERT_TRUE(createDirectory(folder / "photo"));
+    folder.put("photo/A.cam", "old");
+    EXPECT_TRUE(write(folder / "PHOTO\\a.CAM", bytesOf("new")));
+    EXPECT_EQ(folder.get("photo/A.cam"), "new");
+    EXPECT_TRUE(createDirectory(folder / "Photo"));
+    EXPECT_TRUE(write(folder / "Photo\\New.cam", {}));
+    EXPECT_EQ(folder.names(), Names({ "photo" }));
+    EXPECT_EQ(namesOf(list(folder / "PHOTO")), Names({ "A.cam", "New.cam" }));
+    EXPECT_EQ(nativePath(folder / "PHOTO\\a.cam"), folder / "photo/A.cam");
+    EXPECT_EQ(nativePath(folder / "PHOTO\\b\\c.cam"), folder / "photo/b/c.cam");
+}
+
+TEST(Files, areReadWholeOrInPart)
+{
+    const TemporaryFolder folder;
+    folder.put("a", "0123456789");
+    EXPECT_EQ(files::size(folder / "a"), 10u);
+    EXPECT_EQ(textOf(read(folder / "a", 10)), "0123456789");
+    EXPECT_EQ(textOf(read(folder / "a", 9)), "(none)");
+    EXPECT_EQ(GetLastError(), ERROR_FILE_TOO_LARGE);
+    std::array<std::uint8_t, 4> part {};
+    EXPECT_TRUE(readAt(folder / "a", 6, part));
+    EXPECT_EQ(std::string(part.begin(), part.end()), "6789");
+    EXPECT_FALSE(readAt(folder / "a", 7, part));
+    EXPECT_FALSE(readAt(folder / "a", 11, {}));
+    EXPECT_TRUE(readAt(folder / "a", 10, {}));
+
+    Reader reader(folder / "a");
+    EXPECT_EQ(reader.read(part), 4u);
+    EXPECT_TRUE(reader.seek(8));
+    EXPECT_EQ(reader.read(part), 2u);
+    EXPECT_EQ(reader.position(), 10u);
+    EXPECT_FALSE(reader.seek(11));
+}
+
+TEST(Files, areOnlyRegularFiles)
+{
+    const TemporaryFolder folder;
+    ASSERT_TRUE(createDirectory(folder / "directory"));
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::symlink("/dev/zero", (folder / "device").c_str()), 0);
+    ASSERT_EQ(::symlink("nowhere", (folder / "dangling").c_str()), 0);
+    for (const std::string name : { "directory", "pipe", "device" }) {
+        SCOPED_TRACE(name);
+        EXPECT_FALSE(exists(folder / name));
+        EXPECT_FALSE(read(folder / name));
+        EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+        EXPECT_FALSE(write(folder / name, bytesOf("x")));
+        EXPECT_FALSE(copy(folder / name, folder / "copy"));
+        EXPECT_FALSE(remove(folder / name));
+        EXPECT_EQ(files::size(folder / name), 0u);
+    }
+    EXPECT_FALSE(exists(folder / "dangling"));
+    EXPECT_FALSE(read(folder / "dangling"));
+    EXPECT_TRUE(list(folder.path()).empty());
+    EXPECT_EQ(folder.names(), Names({ "dangling", "device", "directory", "pipe" }));
+    EXPECT_TRUE(write(folder / "dangling", bytesOf("x"))); // the link itself is replaced
+    EXPECT_EQ(folder.get("dangling"), "x");
+}
+
+TEST(Files, renameNeverReplaces)
+{
+    const TemporaryFolder folder;
+    folder.put("a", "A");
+    folder.put("b", "B");
+    ASSERT_EQ(::symlink("nowhere", (folder / "dangling").c_str()), 0);
+    for (const std::string to : { "b", "B", "dangling", "a" }) {
+        EXPECT_FALSE(rename(folder / "a", folder / to)) << to;
+        EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS) << to;
+    }
+    EXPECT_FALSE(rename(folder / "missing", folder / "c"));
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_FALSE(rename(folder / "a", folder / "missing\\c"));
+    EXPECT_FALSE(rename(folder / "a", folder / "c:d"));
+    EXPECT_TRUE(rename(folder / "a", folder / "A"));
+    EXPECT_TRUE(rename(folder / "a", folder / "c"));
+    EXPECT_EQ(folder.names(), Names({ "b", "c", "dangling" }));
+    EXPECT_EQ(folder.get("b") + folder.get("c"), "BA");
+}
+
+TEST(Files, sayWhatWasWrong)
+{
+    const TemporaryFolder folder;
+    folder.put("file", "");
+    EXPECT_FALSE(write(folder / "missing\\a", {}));
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    EXPECT_FALSE(write(folder / "file\\a", {}));
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    EXPECT_FALSE(createDirectory(folder / "file"));
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    EXPECT_FALSE(createDirectory(folder / "a\\b"));
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    EXPECT_FALSE(remove(folder / "a"));
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_TRUE(list(folder / "a").empty());
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    EXPECT_FALSE(write(folder / "file\\", {}));
+    EXPECT_FALSE(exists(folder / "file\\"));
+}
+
+TEST(Files, keepTheirPermissionsWhenReplaced)
+{
+    const TemporaryFolder folder;
+    folder.put("a", "old");
+    ASSERT_EQ(::chmod((folder / "a").c_str(), 0640), 0);
+    EXPECT_TRUE(write(folder / "a", bytesOf("new")));
+
+    struct stat info { };
+
+    ASSERT_EQ(::stat((folder / "a").c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777u, 0640u);
+}
+
+TEST(Files, areListedByExtensionWithoutWhatCannotBeNamed)
+{
+    const TemporaryFolder folder;
+    for (const char* name :
+        { "~1.clip", "a.CLIP", "b.clip.~new3", "c:d.clip", "e.cam", "con.clip" })
+        folder.put(name, "");
+    ASSERT_TRUE(createDirectory(folder / "directory.clip"));
+    ASSERT_EQ(::symlink("e.cam", (folder / "link.clip").c_str()), 0);
+    EXPECT_EQ(namesOf(list(folder.path(), "clip")), Names({ "a.CLIP", "link.clip", "~1.clip" }));
+    EXPECT_EQ(list(folder.path()).size(), 4u);
+    EXPECT_EQ(namesOf(list(folder.path(), "clip", Naming::TheSystems)),
+        Names({ "a.CLIP", "c:d.clip", "con.clip", "link.clip", "~1.clip" }));
+    folder.put("c:d.clip", "odd");
+    EXPECT_EQ(Reader(folder / "c:d.clip", Naming::TheSystems).size(), 3u);
+    EXPECT_FALSE(Reader(folder / "c:d.clip"));
+}
+
+TEST(Files, aDiscardedWriterLeavesNothing)
+{
+    const TemporaryFolder folder;
+    folder.put("a", "old");
+    {
+        Writer writer(folder / "a");
+        EXPECT_TRUE(writer.write(bytesOf("new")));
+        EXPECT_EQ(folder.get("a"), "old");
+    }
+    EXPECT_EQ(folder.names(), Names({ "a" }));
+    EXPECT_EQ(folder.get("a"), "old");
+}
+
+TEST(Files, twoWritersOfOneNameDoNotMix)
+{
+    const TemporaryFolder folder;
+    Writer first(folder / "a");
+    Writer second(folder / "a");
+    EXPECT_TRUE(first.write(bytesOf("first")));
+    EXPECT_TRUE(second.write(bytesOf("2nd")));
+    EXPECT_TRUE(first.commit());
+    EXPECT_EQ(folder.get("a"), "first");
+    EXPECT_TRUE(second.commit());
+    EXPECT_FALSE(second.commit());
+    EXPECT_EQ(folder.get("a"), "2nd");
+    EXPECT_EQ(folder.names(), Names({ "a" }));
+}
+
+TEST(Files, whatACrashLeftBehindIsUsedAgain)
+{
+    const TemporaryFolder folder;
+    folder.put("a.~new0", "half of a longer fi");
+    EXPECT_TRUE(write(folder / "a", bytesOf("new")));
+    EXPECT_EQ(folder.get("a"), "new");
+    EXPECT_EQ(folder.names(), Names({ "a" }));
+}
+
+TEST(Files, copyReplacesAndTakesLargeFiles)
+{
+    const TemporaryFolder folder;
+    std::string large;
+    for (int i = 0; i < 50'000; ++i)
+        large += std::to_string(i);
+    folder.put("a", large);
+    folder.put("b", "old");
+    EXPECT_TRUE(copy(folder / "A", folder / "B"));
+    EXPECT_EQ(folder.get("b"), large);
+    EXPECT_TRUE(copy(folder / "b", folder / "b"));
+    EXPECT_EQ(folder.get("b"), large);
+    EXPECT_EQ(folder.names(), Names({ "a", "b" }));
+}
+
+TEST(Files, thousandsAreFoundUnderEitherSpelling)
+{
+    const TemporaryFolder folder;
+    constexpr int count = 3000;
+    for (int i = 0; i < count; ++i)
+        folder.put("Photo" + std::to_string(i) + ".cam", std::to_string(i));
+    EXPECT_EQ(list(folder.path(), "cam").size(), static_cast<std::size_t>(count));
+    for (int i = 0; i < count; i += 97) {
+        EXPECT_EQ(textOf(read(folder / ("photo" + std::to_string(i) + ".CAM"))), std::to_string(i));
+        EXPECT_FALSE(exists(folder / ("photo" + std::to_string(i + count) + ".cam")));
+    }
+}
+
+} // namespace
+} // namespace kez::files
