@@ -1,0 +1,320 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Plays a scripted visit with the player and checks what it left behind.
+
+usage: run_visit.py --player FILE --tool FILE --work DIR NAME.visit
+
+Beside NAME.visit lies NAME.expect, a line for each thing that must hold afterwards. Words that
+hold spaces stand in quotes; `#` starts a comment. Paths are below the data directory, pictures
+(.png) are the visit's own shots.
+
+    depths N...               play it at each of these depths (16 24 32), each in a fresh place
+    options WORD...           more options for the player; {here} is the directory of the visits,
+                              {work} the place of this play
+    prepare WHAT              see PREPARATIONS
+    exit N                    the player's exit status (0)
+    says TEXT                 standard error holds the text
+    file PATH [BYTES]         the file exists (and has this size)
+    no PATH                   no such file
+    files DIRECTORY N         the directory holds N files
+    equal PATH PATH           two files with the same bytes
+    whole DIRECTORY           every picture in it can be read
+    picture PATH W H          a picture of this size that the module reads
+    colour PATH X Y R G B     a pixel of such a picture, top row first, within 24 a channel
+    handed-back PATH          the handed-back picture is the one in this file; `none`: there is none
+    pixel SHOT X Y R G B      a pixel of a shot, within 8 a channel
+    same SHOT SHOT [X Y W H]  the shots show the same there
+    differ SHOT SHOT [X Y W H]
+
+Shots taken at several depths must agree with each other as far as the depths can.
+"""
+
+import argparse
+import os
+import shlex
+import shutil
+import stat
+import subprocess
+import sys
+from pathlib import Path
+
+import png_picture
+
+TIME_LIMIT_SECONDS = 300
+NOBODY = 65534
+
+
+class Failure(Exception):
+    pass
+
+
+class Play:
+    """One run of the player in a place of its own, and the checks on what it left."""
+
+    def __init__(self, tools, work, visit, depth):
+        self.tools = tools
+        self.work = work
+        self.visit = visit
+        self.depth = depth
+        self.data = work / "data"
+        self.content = tools.player.parent
+        self.options = []
+        self.user = None
+        self.shots = {}
+
+    def prepare(self, what):
+        PREPARATIONS[what](self)
+
+    def play(self):
+        command = [self.tools.player, "--headless", "--visit", self.visit, "--data", self.data,
+                   "--content", self.content, "--depth", str(self.depth), "--verbose",
+                   "--handed-back", self.work / "handed-back.png", *self.options]
+        done = subprocess.run(command, cwd=self.work, capture_output=True, text=True,
+                              errors="replace", timeout=TIME_LIMIT_SECONDS, check=False,
+                              user=self.user, env=without_display())
+        self.status, self.errors = done.returncode, done.stderr
+        (self.work / "stderr.txt").write_text(self.errors)
+
+    def shot(self, name):
+        if name not in self.shots:
+            if not (self.work / name).is_file():
+                raise Failure(f"there is no shot {name}")
+            self.shots[name] = png_picture.read(self.work / name)
+        return self.shots[name]
+
+    def stored(self, path):
+        """Width, height and bottom-up blue-green-red pixels of a picture in the store."""
+        done = subprocess.run([self.tools.tool, "picture", "decode", self.data / path],
+                              capture_output=True, check=False)
+        if done.returncode != 0:
+            raise Failure(f"{path} cannot be read: {done.stderr.decode().strip()}")
+        width, height = map(int, done.stderr.split())
+        return width, height, done.stdout
+
+    # The checks, by the word that asks for them.
+
+    def check_exit(self, status):
+        if self.status != int(status):
+            raise Failure(f"ended with {self.status} instead of {status}")
+
+    def check_says(self, text):
+        if text not in self.errors:
+            raise Failure(f"standard error does not hold \"{text}\"")
+
+    def check_file(self, path, size=None):
+        if not (self.data / path).is_file():
+            raise Failure(f"{path} is missing")
+        found = (self.data / path).stat().st_size
+        if size is not None and found != int(size):
+            raise Failure(f"{path} has {found} bytes instead of {size}")
+
+    def check_no(self, path):
+        if (self.data / path).exists():
+            raise Failure(f"{path} should not be there")
+
+    def check_files(self, directory, count):
+        place = self.data / directory
+        names = sorted(os.listdir(place)) if place.is_dir() else []
+        if len(names) != int(count):
+            raise Failure(f"{directory} holds {names} instead of {count} files")
+
+    def check_equal(self, one, other):
+        if (self.data / one).read_bytes() != (self.data / other).read_bytes():
+            raise Failure(f"{one} and {other} differ")
+
+    def check_whole(self, directory):
+        for file in sorted((self.data / directory).iterdir()):
+            self.stored(file.relative_to(self.data))
+
+    def check_picture(self, path, width, height):
+        found = self.stored(path)[:2]
+        if found != (int(width), int(height)):
+            raise Failure(f"{path} measures {found}")
+
+    def check_colour(self, path, x, y, *colour):
+        width, height, pixels = self.stored(path)
+        at = 3 * ((height - 1 - int(y)) * width + int(x))
+        compare_colour(path, tuple(reversed(pixels[at : at + 3])), colour, 24)
+
+    def check_handed_back(self, path):
+        file = self.work / "handed-back.png"
+        if path == "none":
+            if file.exists():
+                raise Failure("a picture was handed back")
+            return
+        if not file.exists():
+            raise Failure("no picture was handed back")
+        picture = png_picture.read(file)
+        if (picture.width, picture.height, picture.bottom_up_bgr()) != self.stored(path):
+            raise Failure(f"the handed-back picture is not {path}")
+
+    def check_pixel(self, shot, x, y, *colour):
+        compare_colour(shot, self.shot(shot).pixel(int(x), int(y)), colour, 8)
+
+    def check_same(self, one, other, *area):
+        if not self.agree(one, other, area):
+            raise Failure(f"{one} and {other} differ")
+
+    def check_differ(self, one, other, *area):
+        if self.agree(one, other, area):
+            raise Failure(f"{one} and {other} are the same")
+
+    def agree(self, one, other, area):
+        place = tuple(map(int, area)) or None
+        return self.shot(one).part(place) == self.shot(other).part(place)
+
+
+def compare_colour(name, found, wanted, tolerance):
+    wanted = tuple(map(int, wanted))
+    if any(abs(a - b) > tolerance for a, b in zip(found, wanted, strict=True)):
+        raise Failure(f"{name} has the colour {found} instead of {wanted}")
+
+
+def without_display():
+    hidden = {"DISPLAY", "WAYLAND_DISPLAY"}
+    return {name: value for name, value in os.environ.items() if name not in hidden}
+
+
+# Preparations: what is done to the place before the player starts.
+
+def own_content(play):
+    """A copy of the content that may be damaged."""
+    play.content = play.work / "content"
+    shutil.copytree(play.tools.player.parent / "data", play.content / "data")
+    return play.content / "data" / "kez.wad"
+
+
+def content_missing(play):
+    own_content(play).unlink()
+
+
+def content_cut(play):
+    """The archive ends in the middle."""
+    archive = own_content(play)
+    os.truncate(archive, archive.stat().st_size // 2)
+
+
+def content_garbled(play):
+    """Bytes all over the archive are wrong."""
+    archive = own_content(play)
+    data = bytearray(archive.read_bytes())
+    for at in range(1000, len(data), 997):
+        data[at] ^= 0x55
+    archive.write_bytes(data)
+
+
+def data_is_file(play):
+    play.data.write_text("not a directory\n")
+
+
+def data_read_only(play):
+    """A store that may be read only. Root may write everywhere, so the player runs as nobody."""
+    (play.data / "photo").mkdir(parents=True)
+    (play.data / "photo" / "Photo  1.cam").write_bytes(b"kept")
+    if os.geteuid() == 0:
+        play.user = NOBODY
+        os.chown(play.work, NOBODY, -1)
+    for directory in (play.data / "photo", play.data):
+        directory.chmod(stat.S_IRUSR | stat.S_IXUSR | stat.S_IRGRP | stat.S_IXGRP | stat.S_IROTH
+                        | stat.S_IXOTH)
+
+
+def folder_of_photographs(play):
+    shutil.copytree(play.visit.parent / "photographs", play.work / "photographs")
+
+
+PREPARATIONS = {
+    "content-missing": content_missing,
+    "content-cut": content_cut,
+    "content-garbled": content_garbled,
+    "data-is-file": data_is_file,
+    "data-read-only": data_read_only,
+    "photographs": folder_of_photographs,
+}
+
+
+def read_expectations(file):
+    """Lists of words with their line numbers."""
+    for number, line in enumerate(file.read_text().splitlines(), 1):
+        words = shlex.split(line, comments=True)
+        if words:
+            yield number, words
+
+
+def check_all(play, expectations, file):
+    """Every expectation, so that one look shows all that is wrong."""
+    faults = []
+    for number, (word, *rest) in expectations:
+        try:
+            getattr(play, "check_" + word.replace("-", "_"))(*rest)
+        except (Failure, OSError, ValueError, TypeError, AttributeError) as error:
+            faults.append(f"{file}:{number}: at {play.depth} bits: {error}")
+    return faults
+
+
+def reduced(picture):
+    """What of a picture's bytes 16 bits can hold."""
+    bits = (0xF8, 0xFC, 0xF8)
+    return [bytes(value & bits[i % 3] for i, value in enumerate(row)) for row in picture.rows]
+
+
+def compare_depths(plays):
+    """24 bits show what 32 show; 16 show the same, reduced."""
+    best = plays.get(32)
+    for depth, play in plays.items():
+        for file in sorted(play.work.glob("*.png")):
+            if depth == 32 or file.name == "handed-back.png":
+                continue
+            one, other = play.shot(file.name), best.shot(file.name)
+            same = (reduced(one) == reduced(other) if depth == 16 else one.rows == other.rows)
+            if not same:
+                yield f"{play.visit}: {file.name} differs between {depth} and 32 bits"
+
+
+def start(tools, work, visit, depth, settings):
+    play = Play(tools, work / str(depth), visit, depth)
+    shutil.rmtree(play.work, ignore_errors=True)
+    play.work.mkdir(parents=True)
+    for word, *rest in settings:
+        if word == "prepare":
+            play.prepare(*rest)
+        elif word == "options":
+            play.options += [text.format(here=visit.parent, work=play.work) for text in rest]
+    play.play()
+    return play
+
+
+def run(tools, visit, work):
+    file = visit.with_suffix(".expect")
+    lines = list(read_expectations(file))
+    settings = [words for _, words in lines if words[0] in ("prepare", "options", "depths")]
+    checks = [line for line in lines if line[1][0] not in ("prepare", "options", "depths")]
+    if not any(words[0] == "exit" for _, words in checks):
+        checks.insert(0, (0, ["exit", "0"]))
+    depths = [int(depth) for words in settings if words[0] == "depths" for depth in words[1:]]
+    faults, plays = [], {}
+    for depth in depths or [32]:
+        plays[depth] = start(tools, work, visit, depth, settings)
+        found = check_all(plays[depth], checks, file)
+        faults += found
+        if found:
+            faults.append("standard error was:\n" + plays[depth].errors)
+    if 32 in plays and not faults:
+        faults += compare_depths(plays)
+    return faults
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
+    parser.add_argument("--player", type=Path, required=True)
+    parser.add_argument("--tool", type=Path, required=True, help="the command-line tool")
+    parser.add_argument("--work", type=Path, required=True, help="is emptied first")
+    parser.add_argument("visit", type=Path)
+    tools = parser.parse_args()
+    visit = tools.visit.resolve()
+    faults = run(tools, visit, tools.work.resolve() / visit.stem)
+    print("\n".join(faults))
+    sys.exit(1 if faults else 0)
+
+
+main()
