@@ -8,29 +8,48 @@
 
 namespace kez {
 
-/// Hears every mouse event: press, move, release.
-class MouseService : public Service {
+/// A service of one of the three registries; it may leave in the middle of a dispatch.
+class InputService : public Service {
 public:
-    ~MouseService() override;
+    ~InputService() override;
+    void detach() override;
+
+protected:
+    /// Where the dispatch over this kind's registry stands.
+    explicit InputService(DispatchPosition& position)
+        : position_(position)
+    {
+    }
+
+private:
+    DispatchPosition& position_;
+};
+
+/// Hears every mouse event: press, move, release.
+class MouseService : public InputService {
+public:
+    MouseService();
     List& registry() override;
-    void detach() override; ///< Also in the middle of a dispatch.
 };
 
 /// Hears every press of the left button that finds an item under the mouse, before the mouse
 /// services hear the same press.
-class ClickService : public Service {
+class ClickService : public InputService {
 public:
-    ~ClickService() override;
+    ClickService();
     List& registry() override;
-    void detach() override;
 };
 
 /// Hears every key event: press, character, release.
-class KeyService : public Service {
+class KeyService : public InputService {
 public:
-    ~KeyService() override;
+    KeyService();
     List& registry() override;
-    void detach() override;
 };
+
+/// Fire the services of a kind, the most recently attached first.
+void dispatchToMouseServices();
+void dispatchToClickServices();
+void dispatchToKeyServices();
 
 } // namespace kez

@@ -7,6 +7,8 @@
 
 namespace kez {
 
+/// Takes the window's procedure, after giving back that of an earlier window. A window that cannot
+/// be hooked is reported; the module then hears no input.
 void installHook(HWND window);
 void removeHook(); ///< Nothing when no hook is installed.
 
