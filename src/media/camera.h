@@ -134,6 +134,7 @@ private:
     void connect();
     bool tryPort(const char* name);
     bool checkConnection();
+    void becomeReady(unsigned index);
     bool readIdentity(unsigned char& index);
     void poll();
     void pollReady();
@@ -142,6 +143,7 @@ private:
     void beginDownload();
     void downloadNext(unsigned total);
     void finishDownload();
+    void resumeDownload(unsigned index);
     bool lookForNewPictures(unsigned& total);
     bool moveCounter(unsigned place);
     bool setImageCounter(int target);
@@ -193,8 +195,13 @@ private:
 
     std::atomic_flag ticking_ {};
     std::atomic_flag taking_ {};
-    unsigned expectedIndex_ = 0; ///< Where a download has left the counter; the worker's own.
-    int rescues_ = 0; ///< Places fetched again in this download; the worker's own.
+
+    // The latest download; the workers' own.
+    unsigned expectedIndex_ = 0; ///< Where it has left the counter.
+    unsigned openTotal_ = 0; ///< Pictures it is to fetch; 0 when it has ended.
+    unsigned openPlace_ = 0; ///< The next of them.
+    int rescues_ = 0; ///< Places fetched again.
+
     CameraDriver driver_;
     HANDLE worker_ = nullptr;
 };

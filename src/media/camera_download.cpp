@@ -5,6 +5,7 @@
 #include "core/diagnostics.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kez {
 
@@ -46,6 +47,8 @@ void Camera::beginDownload()
     }
     expectedIndex_ = index;
     rescues_ = 0;
+    openTotal_ = index;
+    openPlace_ = 0;
     downloadMode_ = index;
     pictureCount_ = 0;
     moveCounter(0);
@@ -56,19 +59,37 @@ void Camera::downloadNext(unsigned total)
     if (!lookForNewPictures(total))
         return;
     const unsigned place = pictureCount_;
+    openTotal_ = total;
+    openPlace_ = place;
     if (place == places || place >= total)
         finishDownload();
     else if (moveCounter(place) && upload())
-        pictureCount_ = place + 1;
+        pictureCount_ = openPlace_ = place + 1;
 }
 
 void Camera::finishDownload()
 {
     if (!moveCounter(0) && expectedIndex_ != 0)
         return; // the next poll tries again; from 0 on it would see new pictures by itself
+    openTotal_ = 0;
     pictureCount_ = 0;
     resetTransfer();
     notify(CountChanged);
+}
+
+// A camera that comes back with the counter where the download had left it goes on from there. One
+// that has taken pictures meanwhile is fetched from the first place on, and one whose counter has
+// gone back is not the camera it was.
+void Camera::resumeDownload(unsigned index)
+{
+    const unsigned total = std::exchange(openTotal_, 0);
+    if (total == 0 || index < expectedIndex_)
+        return;
+    pictureCount_ = index == expectedIndex_ ? openPlace_ : 0;
+    openPlace_ = pictureCount_;
+    openTotal_ = std::max(total, index);
+    expectedIndex_ = index;
+    downloadMode_ = static_cast<int>(openTotal_);
 }
 
 bool Camera::lookForNewPictures(unsigned& total)
