@@ -3,6 +3,9 @@
 /// at the screen's origin, so positions on the screen and in the window are the same: pixels of
 /// the window's own picture, however large it is shown.
 ///
+/// All windows belong to one thread; it alone may call what is declared here, MessageBoxA and
+/// wsprintfA excepted.
+///
 /// Nothing is on a display before `ShowWindow`: a program that never shows its window needs none.
 #pragma once
 
@@ -37,9 +40,7 @@ using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
 
 #define SW_HIDE 0
 #define SW_SHOWNORMAL 1
-#define SW_SHOWMAXIMIZED 3 ///< Full screen.
 #define SW_SHOW 5
-#define SW_SHOWDEFAULT 10
 
 #define GWL_WNDPROC (-4)
 #define GWL_STYLE (-16)
@@ -53,6 +54,13 @@ using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
 #define SM_CYCAPTION 4
 #define SM_CXFIXEDFRAME 7
 #define SM_CYFIXEDFRAME 8
+
+#define ERROR_INVALID_WINDOW_HANDLE 1400u
+#define ERROR_CANNOT_FIND_WND_CLASS 1407u
+#define ERROR_CLASS_ALREADY_EXISTS 1410u
+#define ERROR_CLASS_DOES_NOT_EXIST 1411u
+#define ERROR_CLASS_HAS_WINDOWS 1412u
+#define ERROR_RESOURCE_NAME_NOT_FOUND 1814u
 
 #define HTCLIENT 1
 #define PM_NOREMOVE 0x0000

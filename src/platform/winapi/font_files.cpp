@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "font_files.h"
+
+#include "ansi_text.h"
+#include "font.h"
+#include "wingdi.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <memory>
+
+namespace kez::winapi {
+
+namespace {
+
+struct PatternDestroyer {
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+
+using Pattern = std::unique_ptr<FcPattern, PatternDestroyer>;
+
+constexpr const char* usualFace = "DejaVu Sans";
+constexpr const char* usualFixedFace = "DejaVu Sans Mono";
+
+// Never destroyed, for the same reason as the font library.
+FcConfig* configuration()
+{
+    static FcConfig* only = FcInitLoadConfigAndFonts();
+    return only;
+}
+
+const FcChar8* text(const std::string& value)
+{
+    return reinterpret_cast<const FcChar8*>(value.c_str());
+}
+
+Pattern wanted(const FontRequest& request, int weight, int slant)
+{
+    const std::string family = !request.face.empty() ? utf8Of(request.face)
+        : request.fixedPitch                         ? usualFixedFace
+                                                     : usualFace;
+    Pattern pattern(FcPatternCreate());
+    FcPatternAddString(pattern.get(), FC_FAMILY, text(family));
+    FcPatternAddInteger(pattern.get(), FC_WEIGHT, weight);
+    FcPatternAddInteger(pattern.get(), FC_SLANT, slant);
+    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    FcConfigSubstitute(configuration(), pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    return pattern;
+}
+
+} // namespace
+
+std::optional<FontFile> findFontFile(const FontRequest& request)
+{
+    if (configuration() == nullptr)
+        return std::nullopt;
+    const int weight = FcWeightFromOpenType(
+        request.weight > 0 && request.weight <= 1000 ? request.weight : FW_NORMAL);
+    const int slant = request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN;
+    FcResult result = FcResultNoMatch;
+    const Pattern found(
+        FcFontMatch(configuration(), wanted(request, weight, slant).get(), &result));
+    FcChar8* path = nullptr;
+    if (found == nullptr || FcPatternGetString(found.get(), FC_FILE, 0, &path) != FcResultMatch)
+        return std::nullopt;
+    FontFile file { .path = reinterpret_cast<const char*>(path) };
+    int foundWeight = weight;
+    int foundSlant = slant;
+    FcPatternGetInteger(found.get(), FC_INDEX, 0, &file.index);
+    FcPatternGetInteger(found.get(), FC_WEIGHT, 0, &foundWeight);
+    FcPatternGetInteger(found.get(), FC_SLANT, 0, &foundSlant);
+    file.lighter = weight >= FC_WEIGHT_DEMIBOLD && foundWeight < FC_WEIGHT_DEMIBOLD;
+    file.upright = request.italic && foundSlant == FC_SLANT_ROMAN;
+    return file;
+}
+
+} // namespace kez::winapi
