@@ -10,7 +10,7 @@ packages_test=(
     libgtest-dev libgmock-dev clang-format clang-tidy git xvfb
 )
 packages_windows=(
-    g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev nasm
+    g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev nasm bubblewrap xvfb
 )
 packages_bench=(
     libbenchmark-dev libpixman-1-dev libsdl2-image-dev liblz4-dev
