@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "activity/activity_screen.h"
+
+#include "core/flags.h"
+#include "display/cursor.h"
+#include "input/events.h"
+
+namespace kez {
+
+namespace {
+
+// The pointer's picture lies right of the mouse's point and below it.
+constexpr StagePoint pointerHotSpot { -15, -15 };
+
+} // namespace
+
+ActivityScreen::ActivityScreen()
+    : view_(0, 0, 0, 0, 0, false, true)
+    , pointer_("cursor", true)
+    , helpPointer_("help", true)
+{
+    mouseService_.setClient(this);
+    clickService_.setClient(this);
+    keyService_.setClient(this);
+}
+
+void ActivityScreen::onEnter()
+{
+    restart();
+    hoveredButton_ = nullptr;
+    freshRun = false; // the first screen of a run starts silently
+
+    mouseService_.attach();
+    clickService_.attach();
+    keyService_.attach();
+    view_.attach();
+    view_.realize();
+    view_.visible = true;
+
+    pointer_.realize();
+    helpPointer_.realize();
+    cursorObject = &pointer_;
+    hotSpot = pointerHotSpot;
+    hover(mouseService_);
+}
+
+void ActivityScreen::onLeave()
+{
+    mouseService_.detach();
+    clickService_.detach();
+    keyService_.detach();
+    view_.detach();
+    view_.unrealize();
+    view_.visible = false;
+    pointer_.unrealize();
+    helpPointer_.unrealize();
+}
+
+bool ActivityScreen::hoverButton(Image& button)
+{
+    button.visible = button.hitTest(mouseX, mouseY);
+    if (button.visible)
+        hoveredButton_ = &button;
+    return button.visible;
+}
+
+void ActivityScreen::enterHelpMode()
+{
+    cursorObject = &helpPointer_;
+    helpMode = true;
+}
+
+void ActivityScreen::leaveHelpMode()
+{
+    cursorObject = &pointer_;
+    helpMode = false;
+    stopDispatch();
+}
+
+} // namespace kez

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+/// The base of the full screens: a view with a backdrop and rollover buttons, three input services,
+/// and two pointers. The backdrop shows every button in its normal look; a rollover button lies
+/// over it and is visible only while the pointer is on it.
+///
+/// In help mode a click on a button only asks what it does; it ends help mode and does nothing
+/// else.
+#pragma once
+
+#include "display/scene.h"
+#include "display/view.h"
+#include "input/input_services.h"
+#include "sprites/image.h"
+
+namespace kez {
+
+inline bool helpMode = false; ///< Survives a change of screens.
+
+class ActivityScreen : public Scene {
+public:
+    ActivityScreen();
+    void onEnter() override; ///< Restarts the body and takes what the screen shows and hears with.
+    void onLeave() override; ///< Gives it back.
+
+    /// Slot 18: the pointer moved. Lights the button under it.
+    virtual void hover(Service& service) = 0;
+
+protected:
+    /// Lights the button when the pointer is on it; returns whether it is.
+    bool hoverButton(Image& button);
+
+    void enterHelpMode();
+    void leaveHelpMode(); ///< Nothing further hears the click that ended it.
+
+    View view_;
+    MouseService mouseService_;
+    ClickService clickService_;
+    KeyService keyService_;
+    Image pointer_;
+    Image helpPointer_;
+    Image* hoveredButton_ = nullptr;
+};
+
+} // namespace kez

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+/// The camera screen: where the pictures taken with the camera come in. It shows them in a grid of
+/// 20 cells; from here the child saves them, throws one away or gives one back to the host.
+#pragma once
+
+#include "activity/activity_screen.h"
+#include "activity/thumbnail_grid.h"
+#include "media/camera.h"
+
+#include <array>
+
+namespace kez {
+
+class CameraScreen : public ActivityScreen {
+public:
+    CameraScreen();
+    void serviceFired(Service& service) override;
+    TaskBody run() override;
+    void create() override;
+    void enter() override;
+    void leave() override;
+    void hover(Service& service) override;
+
+    [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
+
+private:
+    static int cameraHandler(Camera& camera, int notification, void* screen);
+    void busyStep();
+    void lookForPicture();
+    void advanceBusyPointer();
+    [[nodiscard]] int shownBusyFrame() const;
+    void buttonPressed();
+    void fetchPictures();
+    void gridClicked();
+    void deleteSelected();
+    void giveBack();
+    void paintCell(const std::uint8_t* picture, int cell);
+
+    Image backdrop_;
+    Image importButton_;
+    Image exportButton_;
+    Image returnButton_;
+    Image trashButton_;
+    Image helpButton_;
+    Image saveButton_;
+    Image cameraButton_;
+    Image bookButton_;
+    std::array<Image, 9> busyFrames_;
+
+    ThumbnailGrid grid_;
+    int stepCounter_ = 0; ///< 0 to 4.
+    bool pictureArrived_ = false;
+};
+
+/// The one camera screen.
+CameraScreen& cameraScreen();
+
+} // namespace kez

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "activity/picture_names.h"
+
+#include "core/diagnostics.h"
+#include "platform/files.h"
+
+namespace kez {
+
+namespace {
+
+constexpr int firstNumberTooLarge = 999;
+
+String& dataPrefix()
+{
+    static String prefix;
+    return prefix;
+}
+
+template <typename Taken>
+int firstFree(int first, Taken&& isTaken)
+{
+    int number = first;
+    while (number < firstNumberTooLarge && isTaken(number))
+        ++number;
+    return number < firstNumberTooLarge ? number : firstNumberTooLarge;
+}
+
+bool numberedFileExists(
+    const char* directory, const char* prefix, int number, const char* extension)
+{
+    String name;
+    makeNumberedName(name, prefix, number);
+    return files::exists(makePath(directory, name.c_str(), extension).view());
+}
+
+} // namespace
+
+void setDataPath(const char* dataPath)
+{
+    dataPrefix() = dataPath;
+    if (!dataPrefix().empty())
+        dataPrefix().append('\\');
+}
+
+const String& makePath(const char* directory, const char* name, const char* extension)
+{
+    static String path;
+    path = dataPrefix();
+    if (directory != nullptr) {
+        path.append(directory);
+        if (!files::createDirectory(path.view()))
+            reportLastError("The directory %.700s cannot be made.", path.c_str());
+    }
+    if (name != nullptr) {
+        if (directory != nullptr)
+            path.append('\\');
+        path.append(name);
+    }
+    if (extension != nullptr)
+        path.append('.').append(extension);
+    return path;
+}
+
+String& makeNumberedName(String& out, const char* prefix, int number)
+{
+    String digits;
+    digits.setNumber(number > 999 ? 0 : number);
+    return out.format("%s%3.3s", prefix, digits.c_str());
+}
+
+String temporaryName(int number)
+{
+    String name;
+    name.format("~%d", number);
+    return name;
+}
+
+int findFreeNumber(const char* prefix, int first, const char* extension)
+{
+    return firstFree(
+        first, [&](int number) { return numberedFileExists(prefix, prefix, number, extension); });
+}
+
+int findFreeExportNumber()
+{
+    return firstFree(1, [](int number) {
+        return numberedFileExists("Export", "Export", number, "bmp")
+            || numberedFileExists("Export", "Export", number, "jpg");
+    });
+}
+
+int findFreeImportNumber()
+{
+    return firstFree(
+        1, [](int number) { return numberedFileExists("Photo", "Image", number, "cam"); });
+}
+
+String nameWithoutExtension(const String& fileName)
+{
+    String name = fileName;
+    if (const int dot = fileName.findLast('.'); dot >= 0)
+        name.resize(dot);
+    return name;
+}
+
+} // namespace kez
