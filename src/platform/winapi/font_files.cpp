@@ -7,7 +7,9 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <map>
 #include <memory>
+#include <tuple>
 
 namespace kez::winapi {
 
@@ -19,22 +21,21 @@ struct PatternDestroyer {
 
 using Pattern = std::unique_ptr<FcPattern, PatternDestroyer>;
 
+struct ConfigDestroyer {
+    void operator()(FcConfig* configuration) const { FcConfigDestroy(configuration); }
+};
+
+using Configuration = std::unique_ptr<FcConfig, ConfigDestroyer>;
+
 constexpr const char* usualFace = "DejaVu Sans";
 constexpr const char* usualFixedFace = "DejaVu Sans Mono";
-
-// Never destroyed, for the same reason as the font library.
-FcConfig* configuration()
-{
-    static FcConfig* only = FcInitLoadConfigAndFonts();
-    return only;
-}
 
 const FcChar8* text(const std::string& value)
 {
     return reinterpret_cast<const FcChar8*>(value.c_str());
 }
 
-Pattern wanted(const FontRequest& request, int weight, int slant)
+Pattern wanted(FcConfig* configuration, const FontRequest& request, int weight, int slant)
 {
     const std::string family = !request.face.empty() ? utf8Of(request.face)
         : request.fixedPitch                         ? usualFixedFace
@@ -44,23 +45,27 @@ Pattern wanted(const FontRequest& request, int weight, int slant)
     FcPatternAddInteger(pattern.get(), FC_WEIGHT, weight);
     FcPatternAddInteger(pattern.get(), FC_SLANT, slant);
     FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
-    FcConfigSubstitute(configuration(), pattern.get(), FcMatchPattern);
+    FcConfigSubstitute(configuration, pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     return pattern;
 }
 
-} // namespace
-
-std::optional<FontFile> findFontFile(const FontRequest& request)
+int weightOf(const FontRequest& request)
 {
-    if (configuration() == nullptr)
+    const bool given = request.weight > 0 && request.weight <= 1000;
+    return FcWeightFromOpenType(given ? request.weight : FW_NORMAL);
+}
+
+std::optional<FontFile> search(const FontRequest& request)
+{
+    const Configuration configuration(FcInitLoadConfigAndFonts());
+    if (configuration == nullptr)
         return std::nullopt;
-    const int weight = FcWeightFromOpenType(
-        request.weight > 0 && request.weight <= 1000 ? request.weight : FW_NORMAL);
+    const int weight = weightOf(request);
     const int slant = request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN;
     FcResult result = FcResultNoMatch;
-    const Pattern found(
-        FcFontMatch(configuration(), wanted(request, weight, slant).get(), &result));
+    const Pattern pattern = wanted(configuration.get(), request, weight, slant);
+    const Pattern found(FcFontMatch(configuration.get(), pattern.get(), &result));
     FcChar8* path = nullptr;
     if (found == nullptr || FcPatternGetString(found.get(), FC_FILE, 0, &path) != FcResultMatch)
         return std::nullopt;
@@ -73,6 +78,19 @@ std::optional<FontFile> findFontFile(const FontRequest& request)
     file.lighter = weight >= FC_WEIGHT_DEMIBOLD && foundWeight < FC_WEIGHT_DEMIBOLD;
     file.upright = request.italic && foundSlant == FC_SLANT_ROMAN;
     return file;
+}
+
+} // namespace
+
+// The list of all fonts takes a while to read and much room to keep: what was found is kept
+// instead.
+std::optional<FontFile> findFontFile(const FontRequest& request)
+{
+    using Wish = std::tuple<std::string, int, bool, bool>;
+    static auto& known = *new std::map<Wish, std::optional<FontFile>>;
+    const Wish wish { request.face, request.weight, request.italic, request.fixedPitch };
+    const auto found = known.find(wish);
+    return found != known.end() ? found->second : known[wish] = search(request);
 }
 
 } // namespace kez::winapi
