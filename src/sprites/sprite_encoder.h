@@ -14,30 +14,30 @@
 namespace kez {
 
 struct SpriteSource {
-    std::string name; ///< Of the record, with its extension ".sp5".
+    std::string name {}; ///< Of the record, with its extension ".sp5".
     int x = 0; ///< Centre, in stage coordinates.
     int y = 0;
     int depth = 100;
     int width = 0;
     int height = 0;
-    std::span<const std::uint32_t> pixels; ///< 0xAARRGGBB, width × height, top row first.
+    std::span<const std::uint32_t> pixels {}; ///< 0xAARRGGBB, width × height, top row first.
     SpriteMode mode = SpriteMode::Raw;
     int bits = 32;
 
     /// Not 0 for each pixel that the modes with runs are to store; the others become skips. Empty:
     /// pixels of opacity 0 become skips.
-    std::span<const std::uint8_t> stored;
+    std::span<const std::uint8_t> stored {};
 
     /// Draw with the pixels' own opacity. Without it every stored pixel is drawn opaque.
     bool withAlpha = false;
 
     /// An 8-bit sprite's palette record. It gets one of its own: the distinct colours of its stored
     /// pixels, in order of appearance.
-    std::string paletteName;
+    std::string paletteName {};
 
     /// The record of the opacity plane; needed `withAlpha` at 8 and 16 bits. At 32 bits it may be
     /// empty: the opacity then lies in the pixels alone.
-    std::string alphaName;
+    std::string alphaName {};
 };
 
 struct EncodedSprite {
