@@ -106,8 +106,10 @@ const void* TargaFile::write(
         pixels, rowBytes * static_cast<std::size_t>(height));
     ByteBlock packets = ByteBlock::unset(runLength ? 2 * rowBytes : 0);
     if (!packets)
-        return fail(
-            name, String().format("Could not allocate buffer of size %zu", 2 * rowBytes).view());
+        return fail(name,
+            String()
+                .format("Could not allocate buffer of size %u", static_cast<unsigned>(2 * rowBytes))
+                .view());
     files::Writer file(place);
     if (!file)
         return fail(name, "Could not create file");
