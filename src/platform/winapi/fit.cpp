@@ -18,6 +18,14 @@ LONG pixelAt(LONG offset, LONG placeSide, LONG pictureSide)
     return scaled(std::clamp(offset, LONG { 0 }, placeSide - 1), pictureSide, placeSide);
 }
 
+// The middle of the pixel, or its first point where a pixel is too narrow to have one.
+LONG pointOf(LONG pixel, LONG placeSide, LONG pictureSide)
+{
+    const LONG first = scaled(pixel, placeSide, pictureSide);
+    const bool exact = std::int64_t { pixel } * placeSide % pictureSide == 0;
+    return std::max(exact ? first : first + 1, scaled(2 * pixel + 1, placeSide, 2 * pictureSide));
+}
+
 } // namespace
 
 Fit Fit::of(SIZE window, SIZE picture)
@@ -48,8 +56,8 @@ POINT Fit::toPicture(POINT window) const
 
 POINT Fit::toWindow(POINT point) const
 {
-    return { place.left + scaled(2 * point.x + 1, place.right - place.left, 2 * picture.cx),
-        place.top + scaled(2 * point.y + 1, place.bottom - place.top, 2 * picture.cy) };
+    return { place.left + pointOf(point.x, place.right - place.left, picture.cx),
+        place.top + pointOf(point.y, place.bottom - place.top, picture.cy) };
 }
 
 } // namespace kez::winapi

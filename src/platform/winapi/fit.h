@@ -16,7 +16,7 @@ struct Fit {
 
     [[nodiscard]] bool isWhole() const; ///< Every pixel becomes a square of the same whole size.
     [[nodiscard]] POINT toPicture(POINT window) const; ///< Points beside it: the nearest pixel.
-    [[nodiscard]] POINT toWindow(POINT picture) const; ///< The middle of where the pixel is.
+    [[nodiscard]] POINT toWindow(POINT picture) const; ///< About the middle of the pixel.
 };
 
 } // namespace kez::winapi
