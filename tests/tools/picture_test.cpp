@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "tools/kez_run.h"
+
+#include "platform/temporary_folder.h"
+#include "tools/picture.h"
+#include "tools/png_file.h"
+
+#include <gmock/gmock.h>
+
+using namespace kez;
+using namespace kez::test;
+using namespace kez::tools;
+using testing::HasSubstr;
+
+namespace {
+
+class Pictures : public testing::Test {
+protected:
+    // 47 × 33, every pixel different.
+    static Picture sample()
+    {
+        Picture picture { 47, 33, {} };
+        for (int i = 0; i < 47 * 33; ++i)
+            for (const int value : { i % 256, i / 256, i * 7 % 251 })
+                picture.pixels.push_back(static_cast<std::uint8_t>(value));
+        return picture;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Pictures, comeBackFromEveryKindWithoutLoss)
+{
+    const Picture picture = sample();
+    writePicture(folder / "a.cam", picture);
+    for (const char* name : { "b.png", "c.TGA", "d.targa" }) {
+        SCOPED_TRACE(name);
+        const KezRun run = runKez({ "picture", "convert", folder / "a.cam", folder / name });
+        EXPECT_EQ(run.status, 0) << run.errors;
+        const Picture again = readPicture(folder / name);
+        EXPECT_EQ(again.width, 47);
+        EXPECT_EQ(again.height, 33);
+        EXPECT_TRUE(again.pixels == picture.pixels);
+    }
+    EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "e.bmp" }).status, 0);
+    // 54 bytes of headers, rows of 141 bytes padded to 144.
+    EXPECT_EQ(folder.get("e.bmp").size(), 54u + 144 * 33);
+}
+
+TEST_F(Pictures, decodeToPackedRowsAndASize)
+{
+    const Picture picture = sample();
+    writePicture(folder / "a.cam", picture);
+    const KezRun run = runKez({ "picture", "decode", folder / "a.cam" });
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "47 33\n");
+    EXPECT_TRUE(run.out == std::string(picture.pixels.begin(), picture.pixels.end()));
+}
+
+TEST_F(Pictures, putThePngsTopRowLastAndTransparencyOverWhite)
+{
+    writePng(folder / "a.png", { 1, 3, { 0xFF102030, 0x00123456, 0x80000000 } });
+    const std::vector<std::uint8_t> expected { 127, 127, 127, 255, 255, 255, 0x30, 0x20, 0x10 };
+    EXPECT_EQ(readPicture(folder / "a.png").pixels, expected);
+}
+
+TEST_F(Pictures, becomeThumbnailsOfTheStoresForm)
+{
+    // Twice as wide as high: white bands above and below.
+    Picture picture { 120, 60, std::vector<std::uint8_t>(120 * 60 * 3, 9) };
+    writePicture(folder / "a.clip", picture);
+    EXPECT_EQ(folder.get("a.clip").size(), 8100u);
+    const Picture clip = readPicture(folder / "a.clip");
+    EXPECT_EQ(clip.width, 60);
+    EXPECT_EQ(clip.height, 45);
+    EXPECT_EQ(clip.pixels.front(), 255);
+    EXPECT_EQ(clip.pixels[(22 * 60 + 30) * 3], 9);
+}
+
+TEST_F(Pictures, refuseInOneLine)
+{
+    folder.put("short.clip", "abc");
+    folder.put("long.clip", std::string(8101, 'x'));
+    folder.put("small.cam", "abc");
+    folder.put("a.jpeg", "abc");
+    folder.put("nothing", "abc");
+
+    const struct {
+        const char* name;
+        std::string said;
+    } cases[] = {
+        { "none.cam", "kez: File \"" + folder / "none.cam\": Could not open file\n" },
+        { "small.cam", "kez: File \"" + folder / "small.cam\": File too small for a Targa\n" },
+        { "short.clip", "short.clip: it is no thumbnail" },
+        { "long.clip", "long.clip: it is no thumbnail" },
+        { "none.png", "none.png: the file cannot be read" },
+        { "a.jpeg", "a.jpeg: this kind of picture is not read" },
+        { "nothing", "nothing: this kind of picture is not read" },
+    };
+
+    for (const auto& each : cases) {
+        const KezRun run = runKez({ "picture", "decode", folder / each.name });
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.out, "");
+        EXPECT_THAT(run.errors, HasSubstr(each.said));
+        EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
+    }
+    writePicture(folder / "a.cam", sample());
+    EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "b.jpg" }).status, 1);
+    EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "no/b.bmp" }).status, 1);
+    EXPECT_EQ(runKez({ "picture" }).status, 2);
+}
+
+} // namespace

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "archive_writer.h"
+
+#include "dif1_encoder.h"
+#include "platform/files.h"
+#include "progress.h"
+#include "user_error.h"
+
+namespace kez::tools {
+
+std::size_t writeArchive(const std::string& path,
+    const std::vector<std::vector<std::uint8_t>>& records, ArchiveForm form)
+{
+    std::vector<std::uint8_t> bytes;
+    for (const auto& record : records)
+        bytes.insert(bytes.end(), record.begin(), record.end());
+    if (bytes.size() > files::largestRead)
+        throw UserError(path
+            + ": the records need more than the 1 GiB that an archive may have; "
+              "leave some out or make pictures smaller");
+    if (form == ArchiveForm::Compressed) {
+        Progress progress("compressing " + path);
+        const std::size_t size = bytes.size();
+        auto compressed
+            = compressArchive(std::move(bytes), [&](std::size_t done) { progress.at(done, size); });
+        if (!compressed)
+            throw UserError(path + ": too large to be compressed; use --raw");
+        bytes = std::move(*compressed);
+    }
+    if (!files::write(path, bytes))
+        throw UserError(path + ": the file cannot be written; is there room and the right to?");
+    return bytes.size();
+}
+
+} // namespace kez::tools

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "kez_app.h"
+
+#include "commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+
+namespace kez::tools {
+
+int runKez(int argc, const char* const* argv)
+{
+    constexpr int refused = 1;
+    constexpr int misused = 2;
+    CLI::App app("Packs and unpacks the archives of Kez and converts its pictures.", "kez");
+    app.set_version_flag("--version", "kez " KEZ_VERSION);
+    app.require_subcommand(1);
+    addPackCommand(app);
+    addListCommand(app);
+    addUnpackCommand(app);
+    addPictureCommand(app);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : misused;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "kez: %s\n", error.what());
+        return refused;
+    }
+    return 0;
+}
+
+} // namespace kez::tools

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "manifest.h"
+
+#include "media/archive_block.h"
+#include "user_error.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+namespace kez::tools {
+
+namespace {
+
+constexpr int farthestPlace = 1'000'000; // of x, y and depth, either way
+
+class LineParser {
+public:
+    LineParser(std::string where, std::string_view text)
+        : where_(std::move(where))
+        , rest_(text)
+    {
+    }
+
+    // The next word, quotes removed; empty at the end of the line.
+    std::optional<std::string> word()
+    {
+        constexpr std::string_view blanks = " \t\r";
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(blanks), rest_.size()));
+        if (rest_.empty() || rest_.front() == '#')
+            return std::nullopt;
+        std::string result;
+        bool quoted = false;
+        while (!rest_.empty() && (quoted || blanks.find(rest_.front()) == std::string_view::npos)) {
+            if (rest_.front() == '"')
+                quoted = !quoted;
+            else
+                result += rest_.front();
+            rest_.remove_prefix(1);
+        }
+        if (quoted)
+            fail("a double quote is not closed; put one at the end of the word");
+        return result;
+    }
+
+    [[nodiscard]] int number(const std::string& key, const std::string& text) const
+    {
+        int value = 0;
+        const char* end = text.data() + text.size();
+        const auto [at, error] = std::from_chars(text.data(), end, value);
+        if (error != std::errc() || at != end || value < -farthestPlace || value > farthestPlace)
+            fail(key + "=" + text + " is no whole number within a million; write for example " + key
+                + "=100");
+        return value;
+    }
+
+    [[noreturn]] void fail(const std::string& what) const { throw UserError(where_ + ": " + what); }
+
+private:
+    std::string where_;
+    std::string_view rest_;
+};
+
+void takeSpriteKey(
+    const LineParser& line, ManifestItem& item, const std::string& key, const std::string& value)
+{
+    if (key == "depth") {
+        item.depth = line.number(key, value);
+    } else if (key == "x") {
+        item.x = line.number(key, value);
+    } else if (key == "y") {
+        item.y = line.number(key, value);
+    } else if (key == "keep" && value.empty()) {
+        item.keep = true;
+    } else if (key == "form") {
+        item.form = spriteFormNamed(value);
+        if (item.form == nullptr)
+            line.fail("form=" + value + " is unknown; the forms are " + spriteFormNames());
+    } else {
+        line.fail("unknown key \"" + key
+            + "\"; a sprite's keys are file=, depth=, x=, y=, form= and keep");
+    }
+}
+
+void takeKey(const LineParser& line, ManifestItem& item, const std::string& word)
+{
+    const std::size_t equals = word.find('=');
+    const std::string key = word.substr(0, equals);
+    const std::string value = equals == std::string::npos ? std::string() : word.substr(equals + 1);
+    if (key == "file" && !value.empty())
+        item.file = value;
+    else if (item.kind == ManifestItem::Kind::Sprite)
+        takeSpriteKey(line, item, key, value);
+    else
+        line.fail("unknown key \"" + key + "\"; a record's only key is file=");
+}
+
+ManifestItem parseItem(LineParser& line, const std::string& kind, int number)
+{
+    ManifestItem item;
+    item.line = number;
+    item.form = spriteFormNamed("auto");
+    if (kind == "record")
+        item.kind = ManifestItem::Kind::Record;
+    else if (kind != "sprite")
+        line.fail("a line begins with \"sprite\" or \"record\", not with \"" + kind + '"');
+    const auto name = line.word();
+    if (!name || !isManifestName(*name))
+        line.fail("the name is missing (or has an = or a quote in it); write for example " + kind
+            + " camRoll");
+    item.name = *name;
+    const bool isSprite = item.kind == ManifestItem::Kind::Sprite;
+    const std::size_t length = name->size() + (isSprite ? 4 : 0);
+    if (length > longestRecordName)
+        line.fail("the name \"" + *name + "\" has " + std::to_string(length) + " characters"
+            + (isSprite ? " with its .sp5" : "") + "; shorten it to at most "
+            + std::to_string(longestRecordName));
+    item.file = *name + (isSprite ? ".png" : "");
+    while (const auto word = line.word())
+        takeKey(line, item, *word);
+    return item;
+}
+
+std::string quoted(const std::string& word)
+{
+    const bool plain = !word.empty() && word.find_first_of(" \t#") == std::string::npos;
+    return plain ? word : '"' + word + '"';
+}
+
+} // namespace
+
+std::vector<ManifestItem> parseManifest(const std::string& path, std::string_view text)
+{
+    std::vector<ManifestItem> items;
+    std::map<std::string, int> lineOfName;
+    for (int number = 1; !text.empty(); ++number) {
+        const std::size_t length = std::min(text.find('\n'), text.size());
+        LineParser line(path + ":" + std::to_string(number), text.substr(0, length));
+        text.remove_prefix(std::min(length + 1, text.size()));
+        const auto kind = line.word();
+        if (!kind)
+            continue;
+        items.push_back(parseItem(line, *kind, number));
+        const ManifestItem& item = items.back();
+        const bool isSprite = item.kind == ManifestItem::Kind::Sprite;
+        const auto [first, isNew] = lineOfName.try_emplace(
+            normalisedRecordName(isSprite ? item.name + ".sp5" : item.name), number);
+        if (!isNew)
+            line.fail("the name \"" + item.name + "\" stands on line "
+                + std::to_string(first->second) + " already; give one of them another name");
+    }
+    return items;
+}
+
+bool isManifestName(std::string_view name)
+{
+    return !name.empty() && std::none_of(name.begin(), name.end(), [](char character) {
+        return character == '"' || character == '=' || (character >= 0 && character < ' ');
+    });
+}
+
+std::string formatManifestItem(const ManifestItem& item)
+{
+    const bool isSprite = item.kind == ManifestItem::Kind::Sprite;
+    std::string text = (isSprite ? "sprite " : "record ") + quoted(item.name);
+    if (item.file != item.name + (isSprite ? ".png" : ""))
+        text += " " + quoted("file=" + item.file);
+    if (!isSprite)
+        return text;
+    text += " depth=" + std::to_string(item.depth);
+    if (item.x)
+        text += " x=" + std::to_string(*item.x);
+    if (item.y)
+        text += " y=" + std::to_string(*item.y);
+    text += std::string(" form=") + item.form->name;
+    return item.keep ? text + " keep" : text;
+}
+
+} // namespace kez::tools

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+/// A line on standard error every second while a long piece of work goes on; none for short work.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <string>
+
+namespace kez::tools {
+
+class Progress {
+public:
+    explicit Progress(std::string what)
+        : what_(std::move(what))
+    {
+    }
+
+    void at(std::size_t done, std::size_t all)
+    {
+        const auto now = std::chrono::steady_clock::now();
+        if (now < next_)
+            return;
+        next_ = now + std::chrono::seconds(1);
+        std::fprintf(stderr, "kez: %s: %zu of %zu\n", what_.c_str(), done, all);
+    }
+
+private:
+    std::string what_;
+    std::chrono::steady_clock::time_point next_
+        = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+};
+
+} // namespace kez::tools
