@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
 
 namespace kez::winapi {
 
@@ -70,15 +71,27 @@ SIZE firstSize(const Window& window)
     return { window.width * factor, window.height * factor };
 }
 
+// SDL may fall back on a display that nobody can see; that is one only for those who asked for it.
+bool isImaginary(std::string_view driver)
+{
+    return driver == "offscreen" && SDL_GetHint(SDL_HINT_VIDEODRIVER) == nullptr;
+}
+
 bool startVideo()
 {
     SDL_SetMainReady();
     // Drawing in memory: no graphics driver to load, and a still picture costs nothing.
     SDL_SetHintWithPriority(SDL_HINT_RENDER_DRIVER, "software", SDL_HINT_DEFAULT);
+    SDL_SetHintWithPriority(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0", SDL_HINT_DEFAULT);
     SDL_SetHintWithPriority(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0", SDL_HINT_DEFAULT);
     SDL_SetHintWithPriority(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1", SDL_HINT_DEFAULT);
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         return false;
+    if (isImaginary(SDL_GetCurrentVideoDriver())) {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        SDL_SetError("there is no display");
+        return false;
+    }
     SDL_EnableScreenSaver();
     return true;
 }
