@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <vector>
 
 namespace {
@@ -192,6 +193,15 @@ TEST_F(Windows, theCursorStaysWhereItIsPut)
     EXPECT_EQ(SetCursor(nullptr), arrow);
     EXPECT_EQ(SetCursor(arrow), nullptr);
     EXPECT_EQ(LoadCursorA(nullptr, "ARROW"), nullptr);
+}
+
+TEST_F(Windows, stayInvisibleWhereThereIsNoDisplay)
+{
+    setenv("SDL_VIDEODRIVER", "nosuchdisplay", 1);
+    EXPECT_FALSE(ShowWindow(window, SW_SHOW));
+    EXPECT_FALSE(IsWindowVisible(window));
+    EXPECT_EQ(GetFocus(), nullptr);
+    unsetenv("SDL_VIDEODRIVER");
 }
 
 TEST_F(Windows, areAsLargeAsAsked)

@@ -19,47 +19,44 @@ ShownPicture::~ShownPicture()
         SDL_DestroyTexture(texture_);
 }
 
-bool ShownPicture::resize(int width, int height)
+bool ShownPicture::prepare(const PixelView& view)
 {
-    if (texture_ != nullptr && width == size_.cx && height == size_.cy)
+    const bool same = view.width == size_.cx && view.height == size_.cy && *view.format == format_;
+    if (texture_ != nullptr && same)
         return true;
     if (texture_ != nullptr)
         SDL_DestroyTexture(texture_);
     texture_ = SDL_CreateTexture(
-        renderer_, SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING, width, height);
-    size_ = { width, height };
-    // No pixel has its top bits set, so every row differs and is taken over.
-    pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0xFFFFFFFF);
-    row_.resize(static_cast<std::size_t>(width));
+        renderer_, SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING, view.width, view.height);
+    size_ = { view.width, view.height };
+    format_ = *view.format;
+    empty_ = true;
+    const auto count = static_cast<std::size_t>(view.width) * static_cast<std::size_t>(view.height);
+    taken_.resize(count * static_cast<std::size_t>(format_.bytes()));
+    pixels_.resize(count);
     return texture_ != nullptr;
 }
 
 bool ShownPicture::takeRow(const PixelView& view, int y)
 {
-    static const PixelFormat usual = PixelFormat::ofDepth(32);
-    const DDPIXELFORMAT format = view.format->description();
-    const DDPIXELFORMAT own = usual.description();
-    const bool same = format.dwRGBBitCount == 32 && format.dwRBitMask == own.dwRBitMask
-        && format.dwGBitMask == own.dwGBitMask && format.dwBBitMask == own.dwBBitMask;
-    for (int x = 0; x < view.width; ++x) {
-        const BYTE* pixel = view.at(x, y);
-        DWORD& taken = row_[static_cast<std::size_t>(x)];
-        if (same)
-            std::memcpy(&taken, pixel, sizeof taken);
-        else
-            taken = usual.pack(view.format->unpack(view.format->read(pixel)));
-        taken &= 0xFFFFFF;
-    }
-    DWORD* kept = pixels_.data() + static_cast<std::ptrdiff_t>(y) * view.width;
-    if (std::equal(row_.begin(), row_.end(), kept))
+    const std::ptrdiff_t bytes = std::ptrdiff_t { view.width } * format_.bytes();
+    BYTE* taken = taken_.data() + y * bytes;
+    const BYTE* row = view.at(0, y);
+    if (!empty_ && std::memcmp(taken, row, static_cast<std::size_t>(bytes)) == 0)
         return false;
-    std::ranges::copy(row_, kept);
+    std::memcpy(taken, row, static_cast<std::size_t>(bytes));
+    DWORD* pixel = pixels_.data() + std::ptrdiff_t { y } * view.width;
+    for (int x = 0; x < view.width; ++x) {
+        const Colour colour
+            = format_.unpack(format_.read(row + std::ptrdiff_t { x } * format_.bytes()));
+        *pixel++ = static_cast<DWORD>(colour.red << 16 | colour.green << 8 | colour.blue);
+    }
     return true;
 }
 
 bool ShownPicture::update(const PixelView& view)
 {
-    if (!view || !resize(view.width, view.height))
+    if (!view || !prepare(view))
         return false;
     int first = view.height;
     int last = -1;
@@ -69,6 +66,7 @@ bool ShownPicture::update(const PixelView& view)
         first = std::min(first, y);
         last = y;
     }
+    empty_ = false;
     if (last < 0)
         return false;
     const SDL_Rect changed { 0, first, view.width, last - first + 1 };

@@ -25,14 +25,16 @@ public:
     void draw(SIZE window);
 
 private:
-    bool resize(int width, int height);
+    bool prepare(const PixelView& view);
     bool takeRow(const PixelView& view, int y);
 
     SDL_Renderer* renderer_;
     SDL_Texture* texture_ = nullptr;
     SIZE size_ { 0, 0 };
+    PixelFormat format_;
+    bool empty_ = true; ///< No row has been taken over yet.
+    std::vector<BYTE> taken_; ///< The surface's rows as they were, without what fills them up.
     std::vector<DWORD> pixels_;
-    std::vector<DWORD> row_;
 };
 
 } // namespace kez::winapi
