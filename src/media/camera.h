@@ -134,7 +134,6 @@ private:
     void connect();
     bool tryPort(const char* name);
     bool checkConnection();
-    void becomeReady(unsigned index);
     bool readIdentity(unsigned char& index);
     void poll();
     void pollReady();
@@ -143,7 +142,6 @@ private:
     void beginDownload();
     void downloadNext(unsigned total);
     void finishDownload();
-    void resumeDownload(unsigned index);
     bool lookForNewPictures(unsigned& total);
     bool moveCounter(unsigned place);
     bool setImageCounter(int target);
@@ -198,8 +196,7 @@ private:
 
     // The latest download; the workers' own.
     unsigned expectedIndex_ = 0; ///< Where it has left the counter.
-    unsigned openTotal_ = 0; ///< Pictures it is to fetch; 0 when it has ended.
-    unsigned openPlace_ = 0; ///< The next of them.
+    bool fetchedSinceMove_ = false; ///< The picture there has been fetched.
     int rescues_ = 0; ///< Places fetched again.
 
     CameraDriver driver_;

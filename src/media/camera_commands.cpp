@@ -133,17 +133,11 @@ bool Camera::checkConnection()
         dispatch();
     }
     if (answers) {
-        becomeReady(index);
+        pictureCount_ = index;
+        notify(Ready);
         dispatch();
     }
     return answers;
-}
-
-void Camera::becomeReady(unsigned index)
-{
-    pictureCount_ = index;
-    notify(Ready);
-    resumeDownload(index);
 }
 
 // All three questions have been answered.
@@ -169,8 +163,10 @@ void Camera::poll()
         reconnect_ = true;
     } else if (answers) {
         unsigned char index = 0;
-        if (record(driver_.getImageIndex(&index)))
-            becomeReady(index);
+        if (record(driver_.getImageIndex(&index))) {
+            pictureCount_ = index;
+            notify(Ready);
+        }
     } else if (pictureCount_ != 0) {
         pictureCount_ = 0;
         notify(CountChanged);
@@ -210,7 +206,6 @@ bool Camera::setImageCounter(int target)
             pause();
         return lastResult_ == CameraOk;
     };
-    openTotal_ = 0; // no download can be taken up again after this
     lastResult_ = CameraOk;
     while (lastResult_ == CameraOk && index != target && !yields()) {
         const bool reset = untilNotBusy([&] { return driver_.resetImageCounter(target); });

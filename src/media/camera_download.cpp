@@ -5,7 +5,6 @@
 #include "core/diagnostics.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kez {
 
@@ -19,8 +18,8 @@ constexpr std::size_t grabInfoBytes = 24;
 // Downloading --------------------------------------------------------------------------------
 //
 // A picture that the camera takes during a download goes where the download has left the counter:
-// into the place fetched last. Before it moves the counter a step therefore looks whether the
-// counter is still where it was; if not, it fetches again from that place on.
+// into the place fetched last. Before it moves the counter away from that place, a step therefore
+// looks whether it is still there; if not, it fetches again from that place on.
 
 void Camera::downloadStep()
 {
@@ -37,59 +36,38 @@ void Camera::downloadStep()
 
 void Camera::beginDownload()
 {
-    unsigned char index = 0;
-    if (!record(driver_.getImageIndex(&index)))
+    unsigned char index = static_cast<unsigned char>(pictureCount_.load());
+    if (index != places && !record(driver_.getImageIndex(&index))) // a full camera takes no more
         return;
-    if (index == 0) {
-        pictureCount_ = 0;
-        resetTransfer();
-        return;
-    }
+    pictureCount_ = index;
+    if (index == 0)
+        return resetTransfer();
     expectedIndex_ = index;
+    if (!moveCounter(0) && expectedIndex_ != 0)
+        return;
     rescues_ = 0;
-    openTotal_ = index;
-    openPlace_ = 0;
     downloadMode_ = index;
     pictureCount_ = 0;
-    moveCounter(0);
 }
 
 void Camera::downloadNext(unsigned total)
 {
-    if (!lookForNewPictures(total))
+    if (fetchedSinceMove_ && !lookForNewPictures(total))
         return;
     const unsigned place = pictureCount_;
-    openTotal_ = total;
-    openPlace_ = place;
     if (place == places || place >= total)
         finishDownload();
     else if (moveCounter(place) && upload())
-        pictureCount_ = openPlace_ = place + 1;
+        pictureCount_ = place + 1;
 }
 
 void Camera::finishDownload()
 {
     if (!moveCounter(0) && expectedIndex_ != 0)
         return; // the next poll tries again; from 0 on it would see new pictures by itself
-    openTotal_ = 0;
     pictureCount_ = 0;
     resetTransfer();
     notify(CountChanged);
-}
-
-// A camera that comes back with the counter where the download had left it goes on from there. One
-// that has taken pictures meanwhile is fetched from the first place on, and one whose counter has
-// gone back is not the camera it was.
-void Camera::resumeDownload(unsigned index)
-{
-    const unsigned total = std::exchange(openTotal_, 0);
-    if (total == 0 || index < expectedIndex_)
-        return;
-    pictureCount_ = index == expectedIndex_ ? openPlace_ : 0;
-    openPlace_ = pictureCount_;
-    openTotal_ = std::max(total, index);
-    expectedIndex_ = index;
-    downloadMode_ = static_cast<int>(openTotal_);
 }
 
 bool Camera::lookForNewPictures(unsigned& total)
@@ -116,8 +94,10 @@ bool Camera::moveCounter(unsigned place)
     unsigned char index = 255;
     const bool read = record(driver_.getImageIndex(&index));
     const bool moved = !read || index != expectedIndex_ || index == place;
-    if (moved)
+    if (moved) {
         expectedIndex_ = place;
+        fetchedSinceMove_ = false;
+    }
     return read && index == place;
 }
 
@@ -140,6 +120,7 @@ bool Camera::upload()
         if (yields())
             return false;
     }
+    fetchedSinceMove_ = true;
     notify(PictureUploaded);
     return true;
 }

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace kez::tests {
+namespace kez::test {
 
 void FakeCamera::take(int pictures)
 {
@@ -89,6 +89,8 @@ std::uint32_t begin(int* lineCount, int* lineBytes)
 
 std::uint32_t line(unsigned char* bytes, int count)
 {
+    if (fakeCamera().lineMs > 0)
+        Sleep(fakeCamera().lineMs);
     return ask([=](FakeCamera& fake) {
         const auto place = static_cast<std::size_t>(std::min(fake.counter, 5));
         std::memset(bytes, fake.places[place], static_cast<std::size_t>(count));
@@ -132,4 +134,4 @@ CameraDriver fakeDriver()
     };
 }
 
-} // namespace kez::tests
+} // namespace kez::test

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace kez::tests {
+namespace kez::test {
 
 struct FakeCamera {
     std::array<int, 6> places {};
@@ -23,6 +23,7 @@ struct FakeCamera {
     int busyCalls = 0; ///< The next calls that find the camera busy.
     int lineCount = 4;
     int lineBytes = 100;
+    unsigned lineMs = 0; ///< How long a line takes.
     std::uint32_t grabAnswer = CameraOk;
     int calls = 0; ///< All driver calls so far.
     std::map<int, std::uint32_t> failures; ///< By number of the call, from 1 on.
@@ -38,4 +39,4 @@ struct FakeCamera {
 FakeCamera& fakeCamera();
 CameraDriver fakeDriver();
 
-} // namespace kez::tests
+} // namespace kez::test
