@@ -33,6 +33,18 @@ bool numberedFileExists(
     return files::exists(makePath(directory, name.c_str(), extension).view());
 }
 
+// "Photo" and "photo" are one directory. It is made under the latter name, where names have case.
+void makeDirectory(const char* directory)
+{
+    String path = dataPrefix();
+    for (const char* character = directory; *character != '\0'; ++character)
+        path.append(*character >= 'A' && *character <= 'Z'
+                ? static_cast<char>(*character - 'A' + 'a')
+                : *character);
+    if (!files::createDirectory(path.view()))
+        reportLastError("The directory %.700s cannot be made.", path.c_str());
+}
+
 } // namespace
 
 void setDataPath(const char* dataPath)
@@ -47,9 +59,8 @@ const String& makePath(const char* directory, const char* name, const char* exte
     static String path;
     path = dataPrefix();
     if (directory != nullptr) {
+        makeDirectory(directory);
         path.append(directory);
-        if (!files::createDirectory(path.view()))
-            reportLastError("The directory %.700s cannot be made.", path.c_str());
     }
     if (name != nullptr) {
         if (directory != nullptr)

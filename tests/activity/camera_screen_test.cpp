@@ -1,0 +1,366 @@
+// SPDX-License-Identifier: MIT
+#include "activity/camera_screen.h"
+
+#include "activity/store_fixture.h"
+#include "core/clock.h"
+#include "host/kez.h"
+#include "input/events.h"
+#include "media/fake_camera.h"
+#include "media/resource_archive.h"
+#include "platform/winapi/control_kernel.h"
+#include "sprites/sprite_builder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+using namespace kez;
+using namespace kez::test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+// The buttons lie in a row at the bottom of the screen, 70 pixels from one to the next.
+constexpr const char* buttons[] = { "camImportRoll", "camExportRoll", "camReturnRoll",
+    "camTrashRoll", "camHelpRoll", "camSaveRoll", "camRoll", "camBookRoll" };
+constexpr int buttonY = 210;
+
+constexpr int buttonX(int button)
+{
+    return -245 + 70 * button;
+}
+
+enum Button { Import, Export, Return, Trash, Help, Save, Fetch, Book };
+
+class OtherScene : public Scene { };
+
+class CameraScreenTest : public StoreTest {
+protected:
+    void SetUp() override
+    {
+        StoreTest::SetUp();
+        winapi::useScriptClock(1000);
+        createArchive();
+        addSprite("camBack", 0, 0, 640, 480, 300);
+        for (int i = 0; i < 8; ++i)
+            addSprite(buttons[i], buttonX(i), buttonY, 50, 40, 50);
+        for (const char* name : { "cursor", "help", "wait00", "wait01", "wait02", "wait03",
+                 "wait04", "wait05", "wait06", "wait07", "wait08" })
+            addSprite(name, 0, 0, 3, 3, 0);
+        color3 = 0xFF112233;
+        link.reinitialise();
+        fake = FakeCamera();
+        link.setDriver(fakeDriver());
+        mouseEvent(0, 0, MouseEvent::Move);
+        enterScreen();
+    }
+
+    void TearDown() override
+    {
+        endScene();
+        while (!link.isIdle())
+            Sleep(1);
+        winapi::useRealClock();
+        destroyArchive();
+        helpMode = false;
+        finishing = false;
+        StoreTest::TearDown();
+    }
+
+    void addSprite(const char* name, int x, int y, int width, int height, int depth)
+    {
+        const std::vector<std::uint32_t> pixels(
+            static_cast<std::size_t>(width * height), 0xFF808080);
+        SpriteRecord record;
+        const std::string fileName = std::string(name) + ".sp5";
+        record.makeTrueColour(fileName.c_str(), x, y, width, height, pixels.data(), false);
+        record.depth = depth;
+        const std::vector<std::uint8_t> bytes = record.serialise();
+        folder.put(fileName, std::string(bytes.begin(), bytes.end()));
+        ASSERT_NE(archive()->addFile((folder / fileName).c_str()), nullptr);
+    }
+
+    void enterScreen()
+    {
+        switchTo(cameraScreen());
+        frames(1);
+    }
+
+    void frames(int count)
+    {
+        for (; count > 0; --count) {
+            Sleep(50);
+            takeFrameTime();
+            performSwitch();
+            runDueTasks();
+        }
+    }
+
+    // Every fifth step ticks the link, and a picture takes about four ticks.
+    void framesForPictures(int count) { frames(40 + count * 25); }
+
+    static void click(int x, int y)
+    {
+        mouseEvent(x, y, MouseEvent::Move);
+        mouseEvent(x, y, MouseEvent::Press);
+        mouseEvent(x, y, MouseEvent::Release);
+    }
+
+    static void click(Button button) { click(buttonX(button), buttonY); }
+
+    static void clickCell(int cell)
+    {
+        const StagePoint& place = cameraScreen().grid().position(cell);
+        click(place.x, place.y);
+    }
+
+    static std::vector<std::string> litButtons()
+    {
+        std::vector<std::string> lit;
+        for (List* view = displayList().first(); view != nullptr; view = view->next()) {
+            List& items = static_cast<View*>(view->item())->layer(0).items();
+            for (List* item = items.first(); item != nullptr; item = item->next()) {
+                auto* graphic = static_cast<Graphic*>(item->item());
+                if (graphic->visible && std::ranges::count(buttons, graphic->name()) > 0)
+                    lit.emplace_back(graphic->name().c_str());
+            }
+        }
+        return lit;
+    }
+
+    // What is painted into the backdrop at a cell, from its centre by (dx, dy).
+    static std::uint32_t painted(int cell, int dx = 0, int dy = 0)
+    {
+        Image backdrop("camBack", true);
+        backdrop.realize();
+        const std::uint8_t* pixels = backdrop.pixels();
+        const StagePoint& place = cameraScreen().grid().position(cell);
+        std::uint32_t value = 0;
+        std::memcpy(&value, pixels + ((place.y + dy + 240) * 640 + place.x + dx + 320) * 4, 4);
+        return value;
+    }
+
+    static std::uint32_t shade(unsigned picture) { return 0xFF000000 | picture * 0x010101; }
+
+    static int selected() { return cameraScreen().grid().selectedIndex(); }
+
+    Camera& link = camera();
+    FakeCamera& fake = fakeCamera();
+};
+
+TEST_F(CameraScreenTest, startsWithEmptyCells)
+{
+    EXPECT_EQ(currentScene(), &cameraScreen());
+    for (int cell = 0; cell < slotCount; ++cell) {
+        EXPECT_EQ(painted(cell, -41, -27), color3);
+        EXPECT_EQ(painted(cell, 40, 26), color3);
+        EXPECT_EQ(painted(cell, 41, 26), 0xFF808080);
+        EXPECT_EQ(painted(cell, 40, 27), 0xFF808080);
+    }
+    EXPECT_EQ(cameraScreen().grid().position(7).x, -24);
+    EXPECT_EQ(cameraScreen().grid().position(7).y, -96);
+    EXPECT_EQ(cursorObject->name(), "cursor");
+    EXPECT_EQ(hotSpot.x, -15);
+    EXPECT_FALSE(freshRun);
+}
+
+TEST_F(CameraScreenTest, showsAndStoresPicturesAsTheyArrive)
+{
+    fake.take(3);
+    framesForPictures(3);
+    EXPECT_EQ(picturesTaken(), 3);
+    EXPECT_EQ(painted(2), shade(3));
+    EXPECT_EQ(painted(3), color3);
+    EXPECT_TRUE(has("photo/~3.cam") && has("clipboard/~3.clip"));
+    EXPECT_TRUE(unsavedPictures);
+    fake.take();
+    framesForPictures(1);
+    EXPECT_EQ(painted(3), shade(4));
+}
+
+TEST_F(CameraScreenTest, animatesThePointerWhileAPictureComesIn)
+{
+    fake.take();
+    fake.lineMs = 500;
+    std::vector<std::string> pointers;
+    for (int i = 0; i < 120 && picturesTaken() == 0; ++i) {
+        frames(1);
+        if (pointers.empty() || cursorObject->name() != pointers.back().c_str())
+            pointers.emplace_back(cursorObject->name().c_str());
+    }
+    ASSERT_GE(pointers.size(), 12u);
+    EXPECT_THAT(std::vector(pointers.begin(), pointers.begin() + 11),
+        ElementsAre("cursor", "wait00", "wait01", "wait02", "wait03", "wait04", "wait05", "wait06",
+            "wait07", "wait08", "wait00"));
+    EXPECT_EQ(pointers.back(), "cursor");
+}
+
+TEST_F(CameraScreenTest, stopsWaitingWhenTheCameraIsGone)
+{
+    fake.take();
+    fake.lineMs = 300;
+    while (!link.isUploading())
+        frames(1);
+    frames(2);
+    EXPECT_NE(cursorObject->name(), "cursor");
+    fake.afterCall = [this](int) { fake.plugged = false; };
+    frames(100);
+    EXPECT_EQ(cursorObject->name(), "cursor");
+    EXPECT_FALSE(link.isReady());
+}
+
+TEST_F(CameraScreenTest, lightsTheButtonUnderThePointer)
+{
+    EXPECT_THAT(litButtons(), IsEmpty());
+    mouseEvent(buttonX(Save), buttonY, MouseEvent::Move);
+    EXPECT_THAT(litButtons(), ElementsAre("camSaveRoll"));
+    mouseEvent(buttonX(Fetch), buttonY, MouseEvent::Move);
+    EXPECT_THAT(litButtons(), ElementsAre("camRoll"));
+    mouseEvent(0, 0, MouseEvent::Move);
+    EXPECT_THAT(litButtons(), IsEmpty());
+
+    mouseEvent(buttonX(Trash), buttonY, MouseEvent::Move);
+    OtherScene other;
+    switchTo(other);
+    frames(1);
+    EXPECT_THAT(litButtons(), IsEmpty());
+    enterScreen(); // the pointer has stayed where it was
+    EXPECT_THAT(litButtons(), ElementsAre("camTrashRoll"));
+}
+
+TEST_F(CameraScreenTest, fetchesAllTheCameraHoldsOnRequest)
+{
+    fake.take(6);
+    fake.counter = 0;
+    framesForPictures(0);
+    EXPECT_EQ(picturesTaken(), 0);
+    click(Fetch);
+    framesForPictures(6);
+    EXPECT_EQ(picturesTaken(), 6);
+    EXPECT_EQ(painted(5), shade(6));
+}
+
+TEST_F(CameraScreenTest, erasesWhatItHasNoCellFor)
+{
+    for (int i = 0; i < slotCount; ++i)
+        storeTakenPicture(link.image());
+    framesForPictures(0);
+    click(Fetch);
+    EXPECT_FALSE(link.isDownloading());
+    fake.take();
+    framesForPictures(3);
+    EXPECT_EQ(picturesTaken(), slotCount);
+    EXPECT_EQ(fake.counter, 0);
+}
+
+TEST_F(CameraScreenTest, selectsOnlyCellsWithAPicture)
+{
+    fake.take(2);
+    framesForPictures(2);
+    clickCell(2);
+    EXPECT_EQ(selected(), -1);
+    clickCell(1);
+    EXPECT_EQ(selected(), 1);
+    clickCell(0);
+    EXPECT_EQ(selected(), 0);
+    clickCell(0); // again: the picture would open
+    EXPECT_EQ(selected(), -1);
+}
+
+TEST_F(CameraScreenTest, throwsTheSelectedPictureAway)
+{
+    fake.take(3);
+    framesForPictures(3);
+    click(Trash); // nothing is selected
+    EXPECT_EQ(picturesTaken(), 3);
+    clickCell(1);
+    click(Trash);
+    EXPECT_EQ(picturesTaken(), 2);
+    EXPECT_EQ(painted(1), color3);
+    EXPECT_EQ(selected(), -1);
+    fake.take();
+    framesForPictures(1);
+    EXPECT_EQ(painted(1), shade(4));
+    EXPECT_EQ(painted(3), color3);
+}
+
+TEST_F(CameraScreenTest, savesUnlessAskedInHelpMode)
+{
+    fake.take();
+    framesForPictures(1);
+    click(Help);
+    EXPECT_EQ(cursorObject->name(), "help");
+    click(Save);
+    EXPECT_TRUE(unsavedPictures);
+    EXPECT_EQ(cursorObject->name(), "cursor");
+    click(Save);
+    EXPECT_FALSE(unsavedPictures);
+    EXPECT_TRUE(has("photo/Photo  1.cam") && has("clipboard/Photo  1.clip"));
+}
+
+TEST_F(CameraScreenTest, givesTheSelectedPictureToTheHost)
+{
+    fake.take();
+    framesForPictures(1);
+    clickCell(0);
+    click(Return);
+    EXPECT_TRUE(finishing);
+    EXPECT_STREQ(Kez::imageName, "~1");
+    EXPECT_EQ(Kez::imageWidth, 160);
+    ASSERT_NE(Kez::image, nullptr);
+    EXPECT_EQ(Kez::image[0], 1);
+    cameraScreen().grid().deselect();
+    click(Return);
+    EXPECT_EQ(Kez::imageName, nullptr);
+}
+
+TEST_F(CameraScreenTest, beginsANewVisitAtEveryEntry)
+{
+    fake.take(2);
+    framesForPictures(2);
+    clickCell(0);
+    OtherScene other;
+    switchTo(other);
+    frames(30);
+    EXPECT_EQ(link.isReady(), false);
+    EXPECT_EQ(displayList().count(), 0);
+    enterScreen();
+    EXPECT_EQ(picturesTaken(), 0);
+    EXPECT_EQ(selected(), -1);
+    EXPECT_EQ(painted(0), color3);
+    EXPECT_FALSE(unsavedPictures);
+    EXPECT_TRUE(has("photo/~1.cam"));
+    fake.take();
+    framesForPictures(1);
+    EXPECT_EQ(painted(0), shade(3));
+}
+
+TEST_F(CameraScreenTest, testsTheRoomOnceAfterEntry)
+{
+    diskBudget = 0;
+    retestRoom = hasRoomNow = true;
+    frames(4);
+    EXPECT_FALSE(hasRoomNow);
+    EXPECT_FALSE(retestRoom);
+}
+
+TEST_F(CameraScreenTest, worksWithoutAnyArtwork)
+{
+    endScene();
+    destroyArchive();
+    createArchive();
+    OtherScene other;
+    switchTo(other);
+    frames(1);
+    enterScreen();
+    fake.take();
+    framesForPictures(1);
+    EXPECT_EQ(picturesTaken(), 1);
+    clickCell(0);
+    EXPECT_EQ(selected(), 0);
+}
+
+} // namespace
