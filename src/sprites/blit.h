@@ -45,6 +45,8 @@ struct BlitTarget {
     int clipTop = 0;
     int columns = 0;
     int rows = 0;
+
+    [[nodiscard]] std::uint32_t* row(int y) const { return pixels + y * rowPixels; }
 };
 
 /// Draws the source pixel for pixel. In raw sprites opacity 0 leaves the canvas as it is.
@@ -54,23 +56,10 @@ void drawUnscaled(const BlitSource& source, const BlitTarget& target);
 void drawScaled(
     const BlitSource& source, const BlitTarget& target, int displayedWidth, int displayedHeight);
 
-/// Reads a sprite's rows, top to bottom, as 32-bit pixels with their opacity: skipped pixels are 0,
-/// the pixels of opaque sprites with runs are 255 (those of raw ones as they are stored).
-class RowExpander {
-public:
-    explicit RowExpander(const BlitSource& source);
-    void next(std::uint32_t* row);
-
-private:
-    using Expand = void (*)(const BlitSource&, RowCursor&, std::uint32_t*);
-
-    BlitSource source_;
-    RowCursor at_;
-    Expand expand_;
-};
-
-/// Writes the whole source, expanded and turned clockwise by 90, 180 or 270 degrees, into a picture
-/// of its area. Drawing that picture raw and with the opacity flag of `turnedHasAlpha` shows it.
+/// Writes the whole source as 32-bit pixels, turned clockwise by 90, 180 or 270 degrees, into a
+/// picture of its area: skipped pixels are 0, the pixels of opaque sprites with runs get opacity
+/// 255, those of opaque raw ones stay as stored. Drawn raw and with the opacity flag of
+/// `turnedHasAlpha` that picture is the turned sprite.
 void turn(const BlitSource& source, int angle, std::uint32_t* into);
 [[nodiscard]] bool turnedHasAlpha(const BlitSource& source);
 

@@ -70,9 +70,10 @@ constexpr int bandRows = 16; // of the source, expanded before they are turned
 void turnBand(
     const std::uint32_t* band, int width, int rows, std::uint32_t* to, const Geometry& geometry)
 {
-    for (int x = 0; x < width; ++x, to += geometry.perColumn) {
+    for (int x = 0; x < width; ++x) {
+        std::uint32_t* const column = to + x * geometry.perColumn;
         for (int y = 0; y < rows; ++y)
-            to[y * geometry.perRow] = band[static_cast<std::ptrdiff_t>(y) * width + x];
+            column[y * geometry.perRow] = band[static_cast<std::ptrdiff_t>(y) * width + x];
     }
 }
 
@@ -85,29 +86,18 @@ void turnRowsAround(const std::uint32_t* band, int width, int rows, std::uint32_
 
 } // namespace
 
-RowExpander::RowExpander(const BlitSource& source)
-    : source_(source)
-    , at_(source.start)
-    , expand_(expanders[static_cast<std::size_t>(source.mode)]
-                       [static_cast<std::size_t>(source.format)][source.hasAlpha ? 1 : 0])
-{
-}
-
-void RowExpander::next(std::uint32_t* row)
-{
-    expand_(source_, at_, row);
-}
-
 void turn(const BlitSource& source, int angle, std::uint32_t* into)
 {
     static std::vector<std::uint32_t> band;
     band.resize(static_cast<std::size_t>(source.width) * bandRows);
     const Geometry geometry = geometryOf(source.width, source.height, angle);
-    RowExpander expander(source);
+    const Expand expand = expanders[static_cast<std::size_t>(source.mode)][static_cast<std::size_t>(
+        source.format)][source.hasAlpha ? 1 : 0];
+    RowCursor at = source.start;
     for (int top = 0; top < source.height; top += bandRows) {
         const int rows = std::min(bandRows, source.height - top);
         for (int y = 0; y < rows; ++y)
-            expander.next(band.data() + static_cast<std::ptrdiff_t>(y) * source.width);
+            expand(source, at, band.data() + static_cast<std::ptrdiff_t>(y) * source.width);
         std::uint32_t* const to = into + geometry.origin + top * geometry.perRow;
         if (angle == 180)
             turnRowsAround(band.data(), source.width, rows, to);

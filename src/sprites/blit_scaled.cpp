@@ -64,15 +64,14 @@ public:
     {
         RowCursor at = source.start;
         int shown = -1; // the source row in `mappedRow`; `at` is behind it
-        std::uint32_t* to = target.pixels;
-        for (int y = 0; y < target.rows; ++y, to += target.rowPixels) {
+        for (int y = 0; y < target.rows; ++y) {
             const int wanted = rows.at(target.clipTop + y);
             if (wanted != shown) {
                 for (++shown; shown != wanted; ++shown)
                     row(at, source.width, [](int, int, const RowCursor&) {});
                 mapRow(source, at);
             }
-            writeRow(to);
+            writeRow(target.row(y));
         }
     }
 

@@ -32,8 +32,8 @@ private:
 
     static void drawWholeRows(const BlitSource& source, const BlitTarget& target, RowCursor at)
     {
-        std::uint32_t* to = target.pixels;
-        for (int y = 0; y < target.rows; ++y, to += target.rowPixels) {
+        for (int y = 0; y < target.rows; ++y) {
+            std::uint32_t* const to = target.row(y);
             row(at, source.width, [&](int column, int count, const RowCursor& run) {
                 Writer::write(to + column, run, source.palette, count);
             });
@@ -44,8 +44,8 @@ private:
     {
         const int left = target.clipLeft;
         const int right = left + target.columns;
-        std::uint32_t* to = target.pixels;
-        for (int y = 0; y < target.rows; ++y, to += target.rowPixels) {
+        for (int y = 0; y < target.rows; ++y) {
+            std::uint32_t* const to = target.row(y);
             row(at, source.width, [&](int column, int count, RowCursor run) {
                 const int first = std::max(column, left);
                 const int end = std::min(column + count, right);

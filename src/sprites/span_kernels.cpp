@@ -9,8 +9,6 @@ namespace kez {
 
 namespace {
 
-constexpr std::size_t step = 8; // pixels that are looked at and blended together
-
 std::uint32_t whole(
     std::uint32_t canvas, std::uint32_t colour, std::uint32_t opacity, ZeroOpacity zeroOpacity)
 {
@@ -19,36 +17,11 @@ std::uint32_t whole(
     return opacity == 255 ? colour : isKept ? canvas : blended;
 }
 
-// Sprites are mostly opaque or transparent: whole steps of either are copied or left alone.
-template <ZeroOpacity zeroOpacity>
-void blendStep(std::uint32_t* to, const std::uint32_t* colours, const std::uint32_t* opacities)
-{
-    std::uint32_t all = 255;
-    std::uint32_t any = 0;
-    for (std::size_t i = 0; i < step; ++i) {
-        all &= opacities[i];
-        any |= opacities[i];
-    }
-    if (all == 255)
-        std::copy_n(colours, step, to);
-    else if (any != 0 || zeroOpacity == ZeroOpacity::Blends)
-        for (std::size_t i = 0; i < step; ++i)
-            to[i] = whole(to[i], colours[i], opacities[i], zeroOpacity);
-}
-
+// Without a branch, so that the vectoriser takes it.
 template <ZeroOpacity zeroOpacity>
 void blendOwn(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
-    std::size_t i = 0;
-    for (; i + step <= count; i += step) {
-        std::uint32_t colours[step];
-        std::uint32_t opacities[step];
-        std::memcpy(colours, from + 4 * i, sizeof colours);
-        for (std::size_t k = 0; k < step; ++k)
-            opacities[k] = colours[k] >> 24;
-        blendStep<zeroOpacity>(to + i, colours, opacities);
-    }
-    for (; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         const std::uint32_t colour = loadWord(from + 4 * i);
         to[i] = whole(to[i], colour, colour >> 24, zeroOpacity);
     }
@@ -58,14 +31,7 @@ template <ZeroOpacity zeroOpacity>
 void blendPlane(
     std::uint32_t* to, const std::uint32_t* colours, const std::uint8_t* plane, std::size_t count)
 {
-    std::size_t i = 0;
-    for (; i + step <= count; i += step) {
-        std::uint32_t opacities[step];
-        for (std::size_t k = 0; k < step; ++k)
-            opacities[k] = plane[i + k];
-        blendStep<zeroOpacity>(to + i, colours + i, opacities);
-    }
-    for (; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i)
         to[i] = whole(to[i], colours[i], plane[i], zeroOpacity);
 }
 
@@ -140,8 +106,15 @@ void fillSpan(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
 
 void blendFillSpan(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
 {
-    for (std::size_t i = 0; i < count; ++i)
-        to[i] = blendPixel(to[i], pixel, pixel >> 24);
+    // The pixel's own share is the same everywhere, so that one product a channel pair remains.
+    const std::uint32_t rest = 255 - (pixel >> 24);
+    const std::uint32_t ownRb = (pixel & redBlue) * (pixel >> 24);
+    const std::uint32_t ownGreen = (pixel & greenOnly) * (pixel >> 24);
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t rb = (to[i] & redBlue) * rest + ownRb;
+        const std::uint32_t green = (to[i] & greenOnly) * rest + ownGreen;
+        to[i] = (to[i] & 0xFF000000) | (rb >> 8 & redBlue) | (green >> 8 & greenOnly);
+    }
 }
 
 } // namespace kez

@@ -27,17 +27,20 @@ constexpr std::uint32_t from565(std::uint32_t pixel)
         | (blue << 3 | blue >> 2);
 }
 
+constexpr std::uint32_t redBlue = 0x00FF00FF; ///< Two channels a word: 16 bits for each's product.
+constexpr std::uint32_t greenOnly = 0x0000FF00;
+
 /// Colour bytes of `canvas` and `source` weighed by 255 − opacity and opacity, over 256.
 constexpr std::uint32_t blendPixel(
     std::uint32_t canvas, std::uint32_t source, std::uint32_t opacity)
 {
-    // Red and blue share a word: neither product sum exceeds 16 bits.
-    constexpr std::uint32_t redBlue = 0x00FF00FF;
-    constexpr std::uint32_t green = 0x0000FF00;
-    const std::uint32_t rest = 255 - opacity;
-    const std::uint32_t rb = (canvas & redBlue) * rest + (source & redBlue) * opacity;
-    const std::uint32_t g = (canvas & green) * rest + (source & green) * opacity;
-    return (canvas & 0xFF000000) | (rb >> 8 & redBlue) | (g >> 8 & green);
+    // Red and blue share a word: no sum of products exceeds 16 bits. One product is enough, since
+    // (255 − a) × d + a × s = 255 × d + a × (s − d), also where the difference wraps.
+    const std::uint32_t canvasRb = canvas & redBlue;
+    const std::uint32_t canvasG = canvas & greenOnly;
+    const std::uint32_t rb = (canvasRb << 8) - canvasRb + ((source & redBlue) - canvasRb) * opacity;
+    const std::uint32_t g = (canvasG << 8) - canvasG + ((source & greenOnly) - canvasG) * opacity;
+    return (canvas & 0xFF000000) | (rb >> 8 & redBlue) | (g >> 8 & greenOnly);
 }
 
 void paletteSpan(
