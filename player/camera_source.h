@@ -20,15 +20,18 @@ public:
 
     explicit operator bool() const { return library_ != nullptr; }
 
-    /// "demo" (pictures from `demoDirectory`), "none" or "folder:DIR".
-    bool choose(const std::string& source, const std::string& demoDirectory);
+    /// "demo" (the pictures in `data\demo` of the current directory), "none" or "folder:DIR".
+    bool choose(const std::string& source);
 
     bool takePicture(); ///< As a press of the camera's button.
-    bool setPlugged(bool plugged);
+    bool setPlugged(bool plugged); ///< The cable.
+
+    /// Why the last of these functions answered false, in a sentence.
+    [[nodiscard]] std::string problem() const;
 
 private:
     template <class Function>
-    [[nodiscard]] Function find(const char* name) const;
+    [[nodiscard]] Function* find(const char* name) const;
 
     HMODULE library_;
 };

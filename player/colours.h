@@ -18,9 +18,9 @@ constexpr DWORD pixelColour(DWORD red, DWORD green, DWORD blue)
     return 0xFF000000u | red << 16 | green << 8 | blue;
 }
 
-constexpr DWORD selectedFrame = graphicColour(0xF5, 0x80, 0x3F);
-constexpr DWORD labelText = graphicColour(0x33, 0x30, 0x4D);
-constexpr DWORD emptyCell = pixelColour(0xFF, 0xF3, 0xD6);
-constexpr DWORD bookFrame = graphicColour(0x93, 0x59, 0x2F);
+constexpr DWORD selectedFrame = graphicColour(255, 90, 30);
+constexpr DWORD labelText = graphicColour(75, 46, 62);
+constexpr DWORD emptyCell = pixelColour(214, 234, 240);
+constexpr DWORD bookFrame = graphicColour(75, 46, 62);
 
 } // namespace kez::player

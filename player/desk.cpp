@@ -19,24 +19,25 @@ struct Button {
 };
 
 constexpr std::array<Button, deskChoices> buttons { {
-    { "desk_camera.png", "C", { 420, 60, 600, 170 }, 'C' },
-    { "desk_book.png", "B", { 420, 190, 600, 300 }, 'B' },
-    { "desk_quit.png", "Q", { 420, 320, 600, 430 }, 'Q' },
+    { "desk_camera.png", "C", { 40, 370, 200, 470 }, 'C' },
+    { "desk_book.png", "B", { 240, 370, 400, 470 }, 'B' },
+    { "desk_quit.png", "Q", { 440, 370, 600, 470 }, 'Q' },
 } };
 
-// Inside of the frame that holds the handed-back picture.
-constexpr RECT frame { 40, 60, 360, 300 };
+// Where the artwork has its frame, the plate below it and the sheet of paper beside it.
+constexpr RECT frame { 160, 70, 480, 310 };
+constexpr RECT plate { 202, 322, 438, 346 };
+constexpr RECT paperSheet { 523, 102, 626, 250 };
+constexpr int margin = 14; // Around a text in the frame.
 
 constexpr std::uint32_t wood = 0xFF8A6A4A;
 constexpr std::uint32_t plainButton = 0xFF5B7FA6;
 constexpr std::uint32_t litButton = 0xFF8FB8E8;
 constexpr std::uint32_t emptyFrame = 0xFFF4EEDD;
 
-// Where the picture's name and size stand, and the notes below them.
-constexpr RECT labelArea { 40, 306, 360, 336 };
-constexpr RECT notesArea { 40, 350, 380, 460 };
 constexpr COLORREF inkColour = RGB(0x33, 0x30, 0x4D);
 constexpr COLORREF paperColour = RGB(0xFF, 0xFF, 0xFF);
+constexpr const char* keyHints = "C  camera\nB  book\nQ  quit\n\nF11  full\nscreen";
 
 std::string labelOf(const HandedBack& handedBack)
 {
@@ -183,21 +184,21 @@ void Desk::drawSheets(Picture& page) const
 
 void Desk::writeTexts(HDC context) const
 {
-    const bool isEmpty = handedBack_.picture.empty();
     if (backdrop_.empty()) {
         for (const Button& button : buttons)
             writeText(
                 context, button.area, button.caption, { .height = 48, .colour = paperColour });
     }
-    if (isEmpty)
-        writeText(context, frame, "No picture yet", { .height = 20, .colour = inkColour });
-    else
-        writeText(context, labelArea, labelOf(handedBack_), { .height = 18, .colour = inkColour });
-    std::string notes;
-    for (const std::string& note : notes_)
-        notes += note + "\n";
-    writeText(context, notesArea, notes,
-        { .height = 13, .colour = inkColour, .placing = DT_LEFT | DT_WORDBREAK });
+    if (!handedBack_.picture.empty())
+        writeText(context, plate, labelOf(handedBack_), { .height = 15, .colour = inkColour });
+    TextLook look { .height = 13, .colour = inkColour, .placing = DT_LEFT | DT_WORDBREAK };
+    writeText(
+        context, paperSheet, notes_.empty() ? keyHints : "Something is missing: see there.", look);
+    RECT inside { frame.left + margin, frame.top + margin, frame.right - margin,
+        frame.bottom - margin };
+    look.height = 15;
+    if (handedBack_.picture.empty())
+        writeText(context, inside, notes_, look);
 }
 
 } // namespace kez::player

@@ -12,7 +12,6 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace kez::player {
 
@@ -32,8 +31,8 @@ public:
 
     void lay(HandedBack handedBack) { handedBack_ = std::move(handedBack); }
 
-    /// Sentences for a grown-up, shown below the picture.
-    void setNotes(std::vector<std::string> notes) { notes_ = std::move(notes); }
+    /// What is missing, for a grown-up to read: shown in the frame while there is no picture.
+    void setNotes(std::string notes) { notes_ = std::move(notes); }
 
     /// Lights the button under the pointer, if any; true when that changes the desk.
     bool point(int x, int y);
@@ -51,7 +50,7 @@ private:
     Picture backdrop_;
     std::array<Picture, deskChoices> lit_;
     HandedBack handedBack_;
-    std::vector<std::string> notes_;
+    std::string notes_;
     std::optional<std::size_t> chosen_;
 };
 

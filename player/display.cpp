@@ -27,7 +27,7 @@ DDPIXELFORMAT formatOfDepth(int bits)
 
 DWORD levelFor(DisplayPlace place)
 {
-    return place == DisplayPlace::OnScreen ? DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN : DDSCL_NORMAL;
+    return place == DisplayPlace::FullScreen ? DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN : DDSCL_NORMAL;
 }
 
 ComPointer<IDirectDrawSurface> makeSurface(IDirectDraw& directDraw, DDSURFACEDESC& description)
@@ -54,8 +54,8 @@ Display::Display(HWND window, int bitsPerPixel, DisplayPlace place)
         problem_ = "the screen cannot be had";
         return;
     }
-    primary_ = place == DisplayPlace::OnScreen && setMode() ? makePrimary()
-                                                            : makeOffScreen(bitsPerPixel);
+    const bool isSeen = place != DisplayPlace::OffScreen && setMode();
+    primary_ = isSeen ? makePrimary() : makeOffScreen(bitsPerPixel);
     secondary_ = makeOffScreen(bitsPerPixel);
     if (primary_ == nullptr || secondary_ == nullptr) {
         secondary_.reset();

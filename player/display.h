@@ -23,7 +23,7 @@ template <class Interface>
 using ComPointer = std::unique_ptr<Interface, ComRelease>;
 
 /// Where the picture is to be seen.
-enum class DisplayPlace { OnScreen, OffScreen };
+enum class DisplayPlace { FullScreen, InWindow, OffScreen };
 
 /// A display of 640 × 480 pixels: a primary surface, which is what a person sees, and a secondary
 /// one of the same format, through which every frame goes.

@@ -21,9 +21,9 @@ bool registerClass(WNDPROC procedure)
 }
 
 // False when there is nothing to show it on.
-bool show(HWND window, WindowShown shown)
+bool show(HWND window)
 {
-    ShowWindow(window, shown == WindowShown::FullScreen ? SW_SHOWMAXIMIZED : SW_SHOW);
+    ShowWindow(window, SW_SHOW);
     return IsWindowVisible(window) != FALSE;
 }
 
@@ -37,7 +37,7 @@ HostWindow::HostWindow(WindowClient& client, WindowShown shown)
     current = this;
     window_ = CreateWindowExA(0, className, title, WS_POPUP, 0, 0, width, height, nullptr, nullptr,
         GetModuleHandleA(nullptr), nullptr);
-    isThere_ = window_ != nullptr && (shown == WindowShown::Never || show(window_, shown));
+    isThere_ = window_ != nullptr && (shown == WindowShown::Never || show(window_));
 }
 
 HostWindow::~HostWindow()

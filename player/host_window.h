@@ -18,7 +18,7 @@ protected:
     ~WindowClient() = default;
 };
 
-enum class WindowShown { OnScreen, FullScreen, Never };
+enum class WindowShown { OnScreen, Never };
 
 /// At most one exists at a time. The client must outlive it.
 class HostWindow {

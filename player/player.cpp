@@ -36,32 +36,40 @@ public:
     OpenModule& operator=(const OpenModule&) = delete;
 };
 
-// The module's rows come bottom row first, three bytes a pixel: blue, green, red.
-HandedBack takeHandedBack()
+// The module writes what it declares constant to its hosts; a compiler must not remember it.
+template <class Value>
+Value readAnew(const Value& exported)
 {
-    HandedBack result { Kez::imageName != nullptr ? Kez::imageName : "", {} };
-    if (Kez::image == nullptr || Kez::imageWidth <= 0 || Kez::imageHeight <= 0)
-        return result;
-    result.picture = blankPicture(Kez::imageWidth, Kez::imageHeight, 0);
-    const unsigned char* from = Kez::image;
-    for (int y = Kez::imageHeight - 1; y >= 0; --y) {
-        for (int x = 0; x < Kez::imageWidth; ++x, from += 3)
-            result.picture.at(x, y) = 0xFF000000u | std::uint32_t { from[2] } << 16
+    return *const_cast<const volatile Value*>(&exported);
+}
+
+// The module's rows come bottom row first, three bytes a pixel: blue, green, red.
+Picture pictureOf(const unsigned char* from, int width, int height)
+{
+    Picture picture = blankPicture(width, height, 0);
+    for (int y = height - 1; y >= 0; --y) {
+        for (int x = 0; x < width; ++x, from += 3)
+            picture.at(x, y) = 0xFF000000u | std::uint32_t { from[2] } << 16
                 | std::uint32_t { from[1] } << 8 | from[0];
     }
+    return picture;
+}
+
+HandedBack takeHandedBack()
+{
+    const char* name = readAnew(Kez::imageName);
+    const unsigned char* pixels = readAnew(Kez::image);
+    HandedBack result { name != nullptr ? name : "", {} };
+    if (pixels != nullptr && Kez::imageWidth > 0 && Kez::imageHeight > 0)
+        result.picture = pictureOf(pixels, Kez::imageWidth, Kez::imageHeight);
     return result;
 }
 
 DisplayPlace placeFor(const Options& options)
 {
-    return options.headless ? DisplayPlace::OffScreen : DisplayPlace::OnScreen;
-}
-
-WindowShown shownFor(const Options& options)
-{
     if (options.headless)
-        return WindowShown::Never;
-    return options.fullScreen ? WindowShown::FullScreen : WindowShown::OnScreen;
+        return DisplayPlace::OffScreen;
+    return options.fullScreen ? DisplayPlace::FullScreen : DisplayPlace::InWindow;
 }
 
 } // namespace
@@ -79,9 +87,8 @@ ExitCode Player::play()
     if (!prepare())
         return ExitCode::CouldNotStart;
     const OpenModule module(window_->handle(), *display_, places_.data);
-    const std::vector<std::string> notes = startNotes();
-    for (const std::string& note : notes)
-        std::cerr << "kez-player: " << note << '\n';
+    const std::string notes = startNotes();
+    std::cerr << notes;
     desk_->setNotes(notes);
     if (notes.empty())
         startRun(options_.activity);
@@ -96,7 +103,8 @@ ExitCode Player::play()
 // Everything that a run needs; complains about the first thing that is not there.
 bool Player::prepare()
 {
-    window_ = std::make_unique<HostWindow>(static_cast<WindowClient&>(*this), shownFor(options_));
+    window_ = std::make_unique<HostWindow>(static_cast<WindowClient&>(*this),
+        options_.headless ? WindowShown::Never : WindowShown::OnScreen);
     if (!*window_)
         return complain("No window can be shown here. With --headless and --visit FILE the program "
                         "plays without one.");
@@ -114,17 +122,17 @@ bool Player::prepare()
     return true;
 }
 
-std::vector<std::string> Player::startNotes()
+// A line for each thing that is wrong but bearable.
+std::string Player::startNotes()
 {
-    std::vector<std::string> notes = dataNotes(places_.data);
+    std::string notes = dataNote(places_.data);
     if (!display_->problem().empty())
-        notes.push_back(display_->problem() + ".");
+        notes += display_->problem() + ".\n";
     if (!camera_)
-        notes.emplace_back("The camera driver qxdcdll is not beside the program: no camera will "
-                           "answer. Install the program again.");
-    else if (!camera_.choose(places_.camera, "data\\demo"))
-        notes.push_back(
-            "The camera takes no pictures from \"" + places_.camera + "\": is the folder there?");
+        notes += "The camera driver qxdcdll is not beside the program, so no camera will answer. "
+                 "Install the program again.\n";
+    else if (!camera_.choose(places_.camera))
+        notes += "The camera has no pictures: " + camera_.problem() + "\n";
     return notes;
 }
 

@@ -39,7 +39,7 @@ public:
 
 private:
     bool prepare();
-    [[nodiscard]] std::vector<std::string> startNotes();
+    [[nodiscard]] std::string startNotes();
     bool complain(const std::string& text) const; // Always false.
 
     void pass();
@@ -61,6 +61,8 @@ private:
     bool takePicture() override { return camera_.takePicture(); }
 
     bool setPlugged(bool plugged) override { return camera_.setPlugged(plugged); }
+
+    [[nodiscard]] std::string cameraProblem() const override { return camera_.problem(); }
 
     bool keepShot(const std::string& file) override;
     [[nodiscard]] int picturesArrived() const override;

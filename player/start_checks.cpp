@@ -30,17 +30,16 @@ std::string missingContent(const std::string& content)
           "that holds data and audio with --content DIR.";
 }
 
-std::vector<std::string> dataNotes(const std::string& data)
+std::string dataNote(const std::string& data)
 {
     std::error_code error;
     std::filesystem::create_directories(data, error);
-    if (files::isDirectory(data) && canBeWritten(data))
+    const bool isDirectory = files::isDirectory(data);
+    if (isDirectory && canBeWritten(data))
         return {};
-    const std::string fault = files::isDirectory(data) ? " cannot be written"
-                                                       : " is no directory and cannot become one";
-    return { data + fault
+    return data + (isDirectory ? " cannot be written" : " is no directory and cannot become one")
         + ": no picture will be kept. Choose another place with --data DIR, or change who may "
-          "write there." };
+          "write there.\n";
 }
 
 int countCameraPictures(const std::string& data)

@@ -3,15 +3,15 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace kez::player {
 
 /// Why the activity's content cannot be used from this directory; empty when it can.
 [[nodiscard]] std::string missingContent(const std::string& content);
 
-/// Makes the directory for the pictures; what stands against keeping pictures there, or nothing.
-[[nodiscard]] std::vector<std::string> dataNotes(const std::string& data);
+/// Makes the directory for the pictures; a line on what stands against keeping pictures there, or
+/// nothing.
+[[nodiscard]] std::string dataNote(const std::string& data);
 
 /// The pictures of the camera screen's cells that are in the store.
 [[nodiscard]] int countCameraPictures(const std::string& data);

@@ -75,11 +75,13 @@ bool VisitPlayer::advance(const Step& step)
     case StepKind::Type:
         return typeNext(step);
     case StepKind::Take:
-        return demand(host_.takePicture(), "the camera takes no picture");
+        return demand(host_.takePicture(), "the camera takes no picture: " + host_.cameraProblem());
     case StepKind::Unplug:
-        return demand(host_.setPlugged(false), "there is no camera to unplug");
+        return demand(
+            host_.setPlugged(false), "the camera stays plugged in: " + host_.cameraProblem());
     case StepKind::Plug:
-        return demand(host_.setPlugged(true), "there is no camera to plug in");
+        return demand(
+            host_.setPlugged(true), "the camera stays unplugged: " + host_.cameraProblem());
     case StepKind::Shot:
         return demand(host_.keepShot(step.text), step.text + " cannot be written");
     case StepKind::UntilPictures:

@@ -17,8 +17,9 @@ class VisitHost {
 public:
     virtual void movePointer(int x, int y) = 0; ///< The system's pointer, in window pixels.
     virtual void sendMessage(UINT message, WPARAM word, LPARAM detail) = 0; ///< To the window.
-    virtual bool takePicture() = 0; ///< False when the camera takes none.
-    virtual bool setPlugged(bool plugged) = 0; ///< False when there is no camera to unplug.
+    virtual bool takePicture() = 0; ///< By the camera; false when it takes none.
+    virtual bool setPlugged(bool plugged) = 0; ///< The camera's cable; false when it has none.
+    [[nodiscard]] virtual std::string cameraProblem() const = 0; ///< Why one of these was false.
     virtual bool keepShot(const std::string& file) = 0; ///< False when it cannot be written.
     [[nodiscard]] virtual int picturesArrived() const = 0; ///< Files of the camera's pictures.
     [[nodiscard]] virtual bool runs() const = 0; ///< An activity is under way.

@@ -38,6 +38,8 @@ public:
 
     bool setPlugged(bool) override { return obeys; }
 
+    std::string cameraProblem() const override { return "it is asleep"; }
+
     bool keepShot(const std::string&) override { return obeys; }
 
     int picturesArrived() const override { return arrived; }
