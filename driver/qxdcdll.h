@@ -123,7 +123,7 @@ QXDC_API int qxdcSetPace(int perMille);
  *   "busy", "refusing", "silent"       what any call to the camera answers;
  *   "too-many-lines", "negative-lines", "long-lines"   what MviBeginUploadImage claims;
  *   "bad-exposure"                     what comes of MviGrabImage;
- *   "unplugged"                        after `count` more calls the cable is pulled. */
+ *   "unplugged"                        `count` more calls work, then the cable is pulled. */
 QXDC_API int qxdcSetFault(const char* fault, int count);
 
 /* Why the last qxdc function of this thread answered 0, in a sentence; valid until its next one. */
