@@ -29,7 +29,7 @@ struct DemoDirectory {
 
 DemoDirectory& demoDirectory()
 {
-    static DemoDirectory only;
+    static DemoDirectory& only = *new DemoDirectory;
     return only;
 }
 
@@ -54,7 +54,8 @@ std::shared_ptr<PictureSource> makeSource(std::string_view name, std::string& pr
 
 SerialCamera& theCamera()
 {
-    static SerialCamera only;
+    // Never destroyed: at the program's end the host closes it, and its worker may still talk to it.
+    static SerialCamera& only = *new SerialCamera;
     // A host that chooses no source finds a camera with the demo pictures, if there are any.
     static const bool hasDefault = [] {
         std::string ignored;
