@@ -30,7 +30,7 @@ std::uint32_t FakeCamera::answer(bool asksCamera)
 
 FakeCamera& fakeCamera()
 {
-    static FakeCamera only;
+    static FakeCamera& only = *new FakeCamera; // the link closes it at the very end
     return only;
 }
 
