@@ -27,6 +27,7 @@ public:
     [[nodiscard]] int maximum() const { return maximum_; }
 
     /// The zero-terminated text; never null. Valid until the next change.
+    // NOLINTNEXTLINE(readability-identifier-naming): as every string class has it
     [[nodiscard]] const char* c_str() const { return buffer_ != nullptr ? buffer_ : ""; }
 
     [[nodiscard]] std::string_view view() const

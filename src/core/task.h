@@ -17,6 +17,7 @@ namespace kez {
 /// The coroutine of a task's body; owns its frame. Empty when default-built.
 class TaskBody {
 public:
+    // NOLINTBEGIN(readability-identifier-naming): the language's names
     struct promise_type {
         TaskBody get_return_object()
         {
@@ -31,6 +32,8 @@ public:
 
         void unhandled_exception() { std::terminate(); }
     };
+
+    // NOLINTEND(readability-identifier-naming)
 
     TaskBody() = default;
 

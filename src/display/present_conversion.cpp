@@ -106,10 +106,10 @@ void convertTo16(
 
 void convertTo24(const CanvasPixel* source, std::uint8_t* target, int count)
 {
-    for (int i = 0; i < count; ++i) {
-        target[3 * i] = static_cast<std::uint8_t>(source[i]);
-        target[3 * i + 1] = static_cast<std::uint8_t>(source[i] >> 8);
-        target[3 * i + 2] = static_cast<std::uint8_t>(source[i] >> 16);
+    for (int i = 0; i < count; ++i, target += 3) {
+        target[0] = static_cast<std::uint8_t>(source[i]);
+        target[1] = static_cast<std::uint8_t>(source[i] >> 8);
+        target[2] = static_cast<std::uint8_t>(source[i] >> 16);
     }
 }
 

@@ -83,7 +83,7 @@ void installHook(HWND window)
     const LONG_PTR previous = SetWindowLongPtrA(window, GWLP_WNDPROC, asWord(hookProcedure));
     if (previous == 0)
         reportLastError("The host's window cannot be hooked; no mouse and no key will be heard.");
-    previousProcedure = reinterpret_cast<WNDPROC>(previous);
+    previousProcedure = reinterpret_cast<WNDPROC>(previous); // NOLINT(performance-no-int-to-ptr)
 }
 
 void removeHook()
