@@ -121,10 +121,10 @@ ManifestItem parseItem(LineParser& line, const std::string& kind, int number)
     return item;
 }
 
-std::string quoted(const std::string& word)
+void appendWord(std::string& line, const std::string& word)
 {
     const bool plain = !word.empty() && word.find_first_of(" \t#") == std::string::npos;
-    return plain ? word : '"' + word + '"';
+    line.append(plain ? "" : "\"").append(word).append(plain ? "" : "\"");
 }
 
 } // namespace
@@ -162,18 +162,21 @@ bool isManifestName(std::string_view name)
 std::string formatManifestItem(const ManifestItem& item)
 {
     const bool isSprite = item.kind == ManifestItem::Kind::Sprite;
-    std::string text = (isSprite ? "sprite " : "record ") + quoted(item.name);
-    if (item.file != item.name + (isSprite ? ".png" : ""))
-        text += " " + quoted("file=" + item.file);
+    std::string text = isSprite ? "sprite " : "record ";
+    appendWord(text, item.name);
+    if (item.file != item.name + (isSprite ? ".png" : "")) {
+        text += ' ';
+        appendWord(text, "file=" + item.file);
+    }
     if (!isSprite)
         return text;
-    text += " depth=" + std::to_string(item.depth);
+    text.append(" depth=").append(std::to_string(item.depth));
     if (item.x)
-        text += " x=" + std::to_string(*item.x);
+        text.append(" x=").append(std::to_string(*item.x));
     if (item.y)
-        text += " y=" + std::to_string(*item.y);
-    text += std::string(" form=") + item.form->name;
-    return item.keep ? text + " keep" : text;
+        text.append(" y=").append(std::to_string(*item.y));
+    text.append(" form=").append(item.form->name);
+    return item.keep ? text.append(" keep") : text;
 }
 
 } // namespace kez::tools
