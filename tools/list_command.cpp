@@ -18,9 +18,9 @@ namespace {
 // The type's name where records of this system keep it.
 std::string typeOf(const ArchiveRecord& record)
 {
-    if (record.bytes.size() < offsetOf::typeName + nameBytes)
+    if (record.bytes.size() < offsets::typeName + nameBytes)
         return {};
-    const char* name = reinterpret_cast<const char*>(&record.bytes[offsetOf::typeName]);
+    const char* name = reinterpret_cast<const char*>(&record.bytes[offsets::typeName]);
     std::string type(name, strnlen(name, nameBytes));
     for (char& character : type) {
         if (character < ' ' || character > '~')

@@ -41,7 +41,8 @@ public:
                 return true;
             if (!takeCount(count) || count < 1 || count > shape_.width - column)
                 return false;
-            const std::size_t runBytes = static_cast<std::size_t>(count * shape_.pixelBytes);
+            const std::size_t runBytes
+                = static_cast<std::size_t>(count) * static_cast<std::size_t>(shape_.pixelBytes);
             if (left_.size() < runBytes)
                 return false;
             visit(column, count, left_.data());

@@ -19,32 +19,32 @@ public:
         const double ratio = static_cast<float>(source) / static_cast<float>(target);
         const int half = target / 2;
         for (int i = -half; i < half; ++i)
-            at(i + half) = static_cast<std::size_t>(static_cast<int>(i * ratio) + source / 2);
+            at(i + half) = static_cast<int>(i * ratio) + source / 2;
         if (target == 1)
-            at(0) = static_cast<std::size_t>(source / 2);
+            at(0) = source / 2;
         else if (target % 2 == 1)
             at(target - 1) = at(target - 2);
     }
 
-    [[nodiscard]] const std::vector<std::size_t>& positions() const { return from_; }
+    [[nodiscard]] const std::vector<int>& positions() const { return from_; }
 
 private:
-    std::size_t& at(int position) { return from_[static_cast<std::size_t>(position)]; }
+    int& at(int position) { return from_[static_cast<std::size_t>(position)]; }
 
-    std::vector<std::size_t> from_;
+    std::vector<int> from_;
 };
 
-template <std::size_t pixelBytes>
+template <std::ptrdiff_t pixelBytes>
 void scale(const std::uint8_t* source, int sw, int sh, std::uint8_t* target, int tw, int th)
 {
     if (source == nullptr || target == nullptr || sw <= 0 || sh <= 0 || tw <= 0 || th <= 0)
         return;
     const NearestMap columns(sw, tw);
     const NearestMap rows(sh, th);
-    for (const std::size_t row : rows.positions()) {
-        const std::uint8_t* const from = source + row * static_cast<std::size_t>(sw) * pixelBytes;
-        for (const std::size_t column : columns.positions()) {
-            std::memcpy(target, from + column * pixelBytes, pixelBytes);
+    for (const int row : rows.positions()) {
+        const std::uint8_t* const from = source + std::ptrdiff_t { row } * sw * pixelBytes;
+        for (const int column : columns.positions()) {
+            std::memcpy(target, from + column * pixelBytes, std::size_t { pixelBytes });
             target += pixelBytes;
         }
     }

@@ -63,7 +63,7 @@ class TurnBuffer {
 public:
     explicit TurnBuffer(std::size_t pixels)
     {
-        static std::array<std::uint32_t, 640 * 480> screenful;
+        static std::array<std::uint32_t, std::size_t { 640 } * 480> screenful;
         if (pixels <= screenful.size()) {
             pixels_ = screenful.data();
             return;

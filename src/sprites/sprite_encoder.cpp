@@ -116,20 +116,20 @@ Bytes companionHeader(const std::string& name, const char* typeName, std::size_t
 {
     Bytes record(recordHeaderBytes);
     const std::string type = typeName;
-    std::copy_n(name.data(), std::min(name.size(), nameBytes - 1), &record[offsetOf::name]);
-    std::copy(type.begin(), type.end(), &record[offsetOf::typeName]);
+    std::copy_n(name.data(), std::min(name.size(), nameBytes - 1), &record[offsets::name]);
+    std::copy(type.begin(), type.end(), &record[offsets::typeName]);
     storeWord(&record[offsetField], recordHeaderBytes);
     return record;
 }
 
 void finish(Bytes& record)
 {
-    storeWord(&record[offsetOf::recordSize], static_cast<std::uint32_t>(record.size()));
+    storeWord(&record[offsets::recordSize], static_cast<std::uint32_t>(record.size()));
 }
 
 Bytes paletteRecord(const std::string& name, const std::vector<std::uint32_t>& colours)
 {
-    Bytes record = companionHeader(name, "Sprite Palette", offsetOf::paletteColours);
+    Bytes record = companionHeader(name, "Sprite Palette", offsets::paletteColours);
     appendWord(record, static_cast<std::uint32_t>(colours.size()));
     for (const std::uint32_t colour : colours)
         appendWord(record, colour);
@@ -145,8 +145,8 @@ std::optional<Bytes> alphaRecord(const SpriteSource& source)
     };
     if (!encodeRows(source, plane, append))
         return std::nullopt;
-    Bytes record = companionHeader(source.alphaName, "Sprite Alpha", offsetOf::alphaPlane);
-    storeWord(&record[offsetOf::alphaEncoding], static_cast<std::uint32_t>(source.mode));
+    Bytes record = companionHeader(source.alphaName, "Sprite Alpha", offsets::alphaPlane);
+    storeWord(&record[offsets::alphaEncoding], static_cast<std::uint32_t>(source.mode));
     appendWord(record, static_cast<std::uint32_t>(plane.size()));
     record.insert(record.end(), plane.begin(), plane.end());
     finish(record);
@@ -177,7 +177,8 @@ bool isStorable(const SpriteSource& source)
     if (source.width < 0 || source.width > largestSpriteSide || source.height < 0
         || source.height > largestSpriteSide || source.width * source.height > largestSpriteArea)
         return false;
-    const auto area = static_cast<std::size_t>(source.width * source.height);
+    const auto area
+        = static_cast<std::size_t>(source.width) * static_cast<std::size_t>(source.height);
     if (source.pixels.size() != area || (!source.stored.empty() && source.stored.size() != area))
         return false;
     if (source.bits == 8 && source.paletteName.empty())

@@ -114,26 +114,26 @@ const char* SpriteView::findFault()
     if (record_.size() < recordHeaderBytes)
         return "the sprite record ends in its header";
     const auto unsignedWord = [&](std::size_t offset) { return loadWord(record_.data() + offset); };
-    const std::uint32_t wide = unsignedWord(offsetOf::width);
-    const std::uint32_t high = unsignedWord(offsetOf::height);
+    const std::uint32_t wide = unsignedWord(offsets::width);
+    const std::uint32_t high = unsignedWord(offsets::height);
     if (wide > largestSpriteSide || high > largestSpriteSide || wide * high > largestSpriteArea)
         return "the sprite is too large";
     width_ = static_cast<int>(wide);
     height_ = static_cast<int>(high);
 
-    const std::uint32_t bits = unsignedWord(offsetOf::pixelBits);
+    const std::uint32_t bits = unsignedWord(offsets::pixelBits);
     if (bits != 8 && bits != 16 && bits != 32)
         return "the sprite's pixels have neither 8 nor 16 nor 32 bits";
     pixelBits_ = static_cast<int>(bits);
-    const std::uint32_t encoding = unsignedWord(offsetOf::encoding);
+    const std::uint32_t encoding = unsignedWord(offsets::encoding);
     mode_ = static_cast<SpriteMode>(encoding & ~alphaFlag);
     hasAlpha_ = (encoding & alphaFlag) != 0;
 
-    if (!isNameBlock(record_, unsignedWord(offsetOf::paletteNames)))
+    if (!isNameBlock(record_, unsignedWord(offsets::paletteNames)))
         return "the sprite's palette name lies outside its record";
-    if (!isNameBlock(record_, unsignedWord(offsetOf::alphaNames)))
+    if (!isNameBlock(record_, unsignedWord(offsets::alphaNames)))
         return "the sprite's alpha name lies outside its record";
-    const auto pixels = block(record_, unsignedWord(offsetOf::pixels), recordHeaderBytes);
+    const auto pixels = block(record_, unsignedWord(offsets::pixels), recordHeaderBytes);
     if (!pixels)
         return "the sprite's pixels lie outside its record";
     pixels_ = *pixels;
@@ -176,19 +176,19 @@ const char* SpriteView::firstName(std::size_t offsetField) const
 
 const char* SpriteView::paletteName() const
 {
-    return firstName(offsetOf::paletteNames);
+    return firstName(offsets::paletteNames);
 }
 
 const char* SpriteView::alphaName() const
 {
-    return firstName(offsetOf::alphaNames);
+    return firstName(offsets::alphaNames);
 }
 
 std::optional<PaletteView> PaletteView::parse(
     Bytes record, const SpriteView& sprite, const char*& fault)
 {
     // Past the two words that the reader itself needs: `makeOpaque` never changes them.
-    constexpr std::size_t fixedPart = offsetOf::paletteConverted + 4;
+    constexpr std::size_t fixedPart = offsets::paletteConverted + 4;
     fault = nullptr;
     PaletteView view;
     if (record.size() < fixedPart) {
@@ -196,12 +196,12 @@ std::optional<PaletteView> PaletteView::parse(
     } else if (SpriteView::parse(record, fault)) {
         fault = "the palette record is a sprite";
     } else {
-        const std::uint32_t offset = loadWord(record.data() + offsetOf::paletteColours);
+        const std::uint32_t offset = loadWord(record.data() + offsets::paletteColours);
         const std::optional<Bytes> colours = block(record, offset, fixedPart, 4);
         fault = !colours ? "the palette's colours lie outside its record" : nullptr;
         if (colours)
             view.colours_ = *colours;
-        view.converted_ = loadWord(record.data() + offsetOf::paletteConverted) != 0;
+        view.converted_ = loadWord(record.data() + offsets::paletteConverted) != 0;
     }
     if (fault == nullptr && sprite.pixelBits() == 8 && view.count() <= sprite.largestIndex())
         fault = "the palette has fewer colours than its sprite uses";
@@ -219,14 +219,14 @@ void PaletteView::makeOpaque() const
 std::optional<AlphaView> AlphaView::parse(
     Bytes record, const SpriteView& sprite, const char*& fault)
 {
-    constexpr std::size_t fixedPart = offsetOf::alphaPlane + 4;
+    constexpr std::size_t fixedPart = offsets::alphaPlane + 4;
     fault = nullptr;
     if (record.size() < fixedPart) {
         fault = "the alpha record ends in its header";
         return std::nullopt;
     }
     const std::optional<Bytes> plane
-        = block(record, loadWord(record.data() + offsetOf::alphaPlane), fixedPart);
+        = block(record, loadWord(record.data() + offsets::alphaPlane), fixedPart);
     if (!plane) {
         fault = "the opacity plane lies outside its record";
         return std::nullopt;
@@ -234,7 +234,7 @@ std::optional<AlphaView> AlphaView::parse(
     AlphaView view;
     view.plane_ = *plane;
     view.mode_
-        = static_cast<SpriteMode>(loadWord(record.data() + offsetOf::alphaEncoding) & ~alphaFlag);
+        = static_cast<SpriteMode>(loadWord(record.data() + offsets::alphaEncoding) & ~alphaFlag);
     const bool modeServes = sprite.pixelBits() == 32 || view.mode_ == sprite.mode();
     if (!modeServes || !fits(view.plane_, view.mode_, sprite)) {
         fault = "the opacity plane does not fit its sprite";

@@ -46,7 +46,7 @@ enum class SpriteMode : std::uint32_t { Raw = 0, ShortRuns = 1, LongRuns = 2 };
 
 constexpr std::uint32_t alphaFlag = 16; ///< In the encoding, beside the mode.
 
-namespace offsetOf {
+namespace offsets {
 constexpr std::size_t recordSize = 0;
 constexpr std::size_t name = 4;
 constexpr std::size_t typeName = 44;
@@ -65,7 +65,7 @@ constexpr std::size_t paletteColours = 92;
 constexpr std::size_t paletteConverted = 108;
 constexpr std::size_t alphaEncoding = 116;
 constexpr std::size_t alphaPlane = 120;
-} // namespace offsetOf
+} // namespace offsets
 
 constexpr std::size_t recordHeaderBytes = 152;
 constexpr std::size_t nameBytes = 40;
@@ -82,11 +82,11 @@ public:
     /// anything is out of order. A record of an unknown mode is accepted; it draws nothing.
     static std::optional<SpriteView> parse(std::span<std::uint8_t> record, const char*& fault);
 
-    [[nodiscard]] int x() const { return word(offsetOf::x); }
+    [[nodiscard]] int x() const { return word(offsets::x); }
 
-    [[nodiscard]] int y() const { return word(offsetOf::y); }
+    [[nodiscard]] int y() const { return word(offsets::y); }
 
-    [[nodiscard]] int depth() const { return word(offsetOf::depth); }
+    [[nodiscard]] int depth() const { return word(offsets::depth); }
 
     [[nodiscard]] int width() const { return width_; }
 

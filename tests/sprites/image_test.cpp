@@ -170,9 +170,9 @@ TEST_F(Images, reportMalformedRecordsByNameAndDrawNothing)
 {
     EncodedSprite records = threeColours(8, false);
     Bytes noPalette = records.sprite;
-    storeWord(&noPalette[offsetOf::paletteNames], 0);
+    storeWord(&noPalette[offsets::paletteNames], 0);
     Bytes tooWide = records.sprite;
-    storeWord(&tooWide[offsetOf::width], 4);
+    storeWord(&tooWide[offsets::width], 4);
     Bytes fewColours = records.palette;
     storeWord(&fewColours[recordHeaderBytes], 2);
 

@@ -55,7 +55,7 @@ Bytes encodedRow(SpriteMode mode, const std::string& row)
         .paletteName = "row.pal" });
     if (!encoded)
         return {};
-    const std::uint32_t offset = loadWord(&encoded->sprite[offsetOf::pixels]);
+    const std::uint32_t offset = loadWord(&encoded->sprite[offsets::pixels]);
     return { encoded->sprite.begin() + offset + 4, encoded->sprite.end() };
 }
 
@@ -125,12 +125,12 @@ TEST(SpriteRecord, refusesHeadersThatLie)
     };
 
     const HeaderCase cases[] = {
-        { offsetOf::width, 5 }, { offsetOf::width, 0x80000001 },
-        { offsetOf::width, largestSpriteSide + 1 }, { offsetOf::height, 2 },
-        { offsetOf::pixelBits, 0 }, { offsetOf::pixelBits, 24 }, { offsetOf::pixels, 0 },
-        { offsetOf::pixels, recordHeaderBytes - 1 }, { offsetOf::pixels, recordHeaderBytes + 1 },
-        { offsetOf::pixels, 0xFFFFFFFE }, { offsetOf::paletteNames, recordHeaderBytes },
-        { offsetOf::alphaNames, 4 }, { recordHeaderBytes, 5 }, // the pixel block's length
+        { offsets::width, 5 }, { offsets::width, 0x80000001 },
+        { offsets::width, largestSpriteSide + 1 }, { offsets::height, 2 },
+        { offsets::pixelBits, 0 }, { offsets::pixelBits, 24 }, { offsets::pixels, 0 },
+        { offsets::pixels, recordHeaderBytes - 1 }, { offsets::pixels, recordHeaderBytes + 1 },
+        { offsets::pixels, 0xFFFFFFFE }, { offsets::paletteNames, recordHeaderBytes },
+        { offsets::alphaNames, 4 }, { recordHeaderBytes, 5 }, // the pixel block's length
     };
     const Bytes sound = rowRecord(SpriteMode::Raw, 4, { 1, 2, 3, 4 });
     ASSERT_EQ(faultOf(sound), "");
@@ -152,16 +152,16 @@ TEST(SpriteRecord, limitsTheAreaThatRunsMayClaim)
         rows.insert(rows.end(), { 255, 0xFF, 0x7F });
     Bytes record = rowRecord(SpriteMode::LongRuns, 32767, rows);
     EXPECT_EQ(faultOf(record), "");
-    storeWord(&record[offsetOf::height], 600);
+    storeWord(&record[offsets::height], 600);
     EXPECT_NE(faultOf(record), "");
 }
 
 TEST(PaletteRecord, needsEveryColourOfItsSprite)
 {
     Bytes sprite = rowRecord(SpriteMode::Raw, 3, { 0, 9, 4 });
-    Bytes record(offsetOf::paletteConverted + 4);
+    Bytes record(offsets::paletteConverted + 4);
     const auto count = static_cast<std::uint32_t>(record.size());
-    storeWord(&record[offsetOf::paletteColours], count);
+    storeWord(&record[offsets::paletteColours], count);
     record.resize(record.size() + 4 + 4 * 10, 7);
     storeWord(&record[count], 10);
     const char* fault = nullptr;
@@ -171,7 +171,7 @@ TEST(PaletteRecord, needsEveryColourOfItsSprite)
 
     palette->makeOpaque();
     EXPECT_EQ(loadWord(palette->colours() + 36), 0xFF070707u);
-    storeWord(&record[offsetOf::paletteConverted], 1);
+    storeWord(&record[offsets::paletteConverted], 1);
     record.back() = 9;
     PaletteView::parse(record, view, fault)->makeOpaque();
     EXPECT_EQ(record.back(), 9);
@@ -180,7 +180,7 @@ TEST(PaletteRecord, needsEveryColourOfItsSprite)
     EXPECT_FALSE(PaletteView::parse(record, view, fault));
     storeWord(&record[count], 11);
     EXPECT_FALSE(PaletteView::parse(record, view, fault));
-    storeWord(&record[offsetOf::paletteColours], count - 1);
+    storeWord(&record[offsets::paletteColours], count - 1);
     EXPECT_FALSE(PaletteView::parse(record, view, fault));
     // Its alpha bytes would be the counts and pixels of a sprite that is drawn unchecked.
     EXPECT_FALSE(PaletteView::parse(sprite, view, fault));
@@ -211,7 +211,7 @@ TEST(AlphaRecord, fitsIndexedSpritesOnlyWithTheirOwnRuns)
     for (const PlaneCase& plane : cases) {
         SCOPED_TRACE(plane.name);
         Bytes record = rowRecord(plane.mode, 4, plane.plane);
-        storeWord(&record[offsetOf::alphaPlane], recordHeaderBytes);
+        storeWord(&record[offsets::alphaPlane], recordHeaderBytes);
         EXPECT_EQ(AlphaView::parse(record, view, fault).has_value(), plane.fits);
     }
 }
@@ -232,9 +232,9 @@ TEST(AlphaRecord, mergesIntoTrueColourSpritesFromAnyMode)
     for (const PlaneCase& plane : cases) {
         Bytes sprite = rowRecord(
             SpriteMode::ShortRuns, 5, { 1, 2, 1, 2, 3, 99, 4, 5, 6, 99, 1, 1, 7, 8, 9, 99 });
-        storeWord(&sprite[offsetOf::pixelBits], 32);
+        storeWord(&sprite[offsets::pixelBits], 32);
         Bytes record = rowRecord(plane.mode, 5, plane.plane);
-        storeWord(&record[offsetOf::alphaPlane], recordHeaderBytes);
+        storeWord(&record[offsets::alphaPlane], recordHeaderBytes);
         const char* fault = nullptr;
         const SpriteView view = SpriteView::parse(sprite, fault).value();
         for (int repeated = 0; repeated < 2; ++repeated) {
