@@ -11,6 +11,7 @@ namespace kez::tools {
 void addListCommand(CLI::App& app);
 void addPackCommand(CLI::App& app);
 void addPictureCommand(CLI::App& app);
+void addSoundCommand(CLI::App& app);
 void addUnpackCommand(CLI::App& app);
 
 } // namespace kez::tools
