@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/targa_pixels.h"
 
+#include <array>
 #include <cstring>
 #include <type_traits>
 
@@ -43,6 +44,21 @@ struct WholeBytes {
     Bgr operator()(const std::uint8_t* stored) const { return { stored[0], stored[1], stored[2] }; }
 };
 
+// Where packets are unpacked to. While more than a packet's worth of bytes is left on both sides,
+// whole steps are moved whatever a packet asks for, which is faster than moving the exact length.
+struct Target {
+    std::uint8_t* at;
+    std::uint8_t* end;
+
+    [[nodiscard]] bool isWide(std::size_t storedLeft) const
+    {
+        return storedLeft >= widest && end - at >= static_cast<std::ptrdiff_t>(widest);
+    }
+
+    static constexpr std::size_t step = 48; // a multiple of 3 and of 16
+    static constexpr std::size_t widest = mostPacketPixels * 4 + step;
+};
+
 template <class Pixel>
 void convert(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, std::uint8_t* out)
 {
@@ -56,22 +72,39 @@ void convert(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, 
     }
 }
 
-// Doubles what is there until the run is full.
-void repeat(const Bgr& colour, std::size_t count, std::uint8_t* out)
+template <class Pixel>
+void unpackLiterals(
+    const Pixel& pixel, const std::uint8_t* stored, std::size_t count, Target& out, bool isWide)
 {
-    const std::size_t size = count * 3;
-    std::memcpy(out, colour.data(), 3);
-    for (std::size_t done = 3; done < size;) {
-        const std::size_t piece = done < size - done ? done : size - done;
-        std::memcpy(out + done, out, piece);
-        done += piece;
+    if (std::is_same_v<Pixel, WholeBytes<3>> && isWide) {
+        for (std::size_t done = 0; done < count * 3; done += Target::step)
+            std::memcpy(out.at + done, stored + done, Target::step);
+    } else {
+        convert(pixel, stored, count, out.at);
     }
+    out.at += count * 3;
+}
+
+void unpackRun(const Bgr& colour, std::size_t count, Target& out, bool isWide)
+{
+    if (isWide) {
+        std::array<std::uint8_t, Target::step> pattern;
+        for (std::size_t i = 0; i < pattern.size(); i += 3)
+            std::memcpy(&pattern[i], colour.data(), 3);
+        for (std::size_t done = 0; done < count * 3; done += Target::step)
+            std::memcpy(out.at + done, pattern.data(), Target::step);
+    } else {
+        for (std::size_t i = 0; i < count; ++i)
+            std::memcpy(out.at + i * 3, colour.data(), 3);
+    }
+    out.at += count * 3;
 }
 
 template <class Pixel>
 String unpack(const Pixel& pixel, const TargaHeader& header, std::span<const std::uint8_t> stored,
-    std::uint8_t* out)
+    std::span<std::uint8_t> pixels)
 {
+    Target out { pixels.data(), pixels.data() + pixels.size() };
     const std::uint8_t* in = stored.data();
     const std::uint8_t* const end = in + stored.size();
     for (int row = 0; row < header.height; ++row) {
@@ -90,12 +123,12 @@ String unpack(const Pixel& pixel, const TargaHeader& header, std::span<const std
             const auto left = static_cast<std::size_t>(end - in);
             if (left < bytes)
                 return targaEndsEarly(stored.size() + bytes - left, stored.size());
+            const bool isWide = out.isWide(left);
             if (isRun)
-                repeat(pixel(in), count, out);
+                unpackRun(pixel(in), count, out, isWide);
             else
-                convert(pixel, in, count, out);
+                unpackLiterals(pixel, in, count, out, isWide);
             in += bytes;
-            out += count * 3;
         }
     }
     return {};
@@ -106,7 +139,7 @@ String convertAs(const Pixel& pixel, const TargaHeader& header,
     std::span<const std::uint8_t> stored, std::span<std::uint8_t> out)
 {
     if (header.runLength())
-        return unpack(pixel, header, stored, out.data());
+        return unpack(pixel, header, stored, out);
     convert(pixel, stored.data(), static_cast<std::size_t>(header.pixels()), out.data());
     return {};
 }
