@@ -46,8 +46,8 @@ public:
 private:
     static constexpr std::size_t buckets = 1u << 16;
     static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
-    static constexpr int longestSearch
-        = 2048; // twice as many steps gain less than one part in 1000
+    // Bounds the time that repetitive pictures take.
+    static constexpr int longestSearch = 2048;
 
     [[nodiscard]] std::size_t bucket(std::size_t at) const
     {
