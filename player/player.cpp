@@ -18,6 +18,10 @@ namespace {
 
 constexpr DWORD deskPauseMs = 15;
 
+// What a frame takes at least in a visit without a window: the clock of such a visit moves only
+// while the program sleeps, and the module does not sleep before every frame.
+constexpr DWORD visitFrameMs = 10;
+
 // The module between `initialize` and `release`.
 class OpenModule {
 public:
@@ -152,6 +156,9 @@ void Player::pass()
         runs_ = Kez::process() && !Kez::exit;
         if (!runs_)
             endRun();
+        // The module paces itself by the time between frames, and on a visit's clock a pass takes
+        // none: a clock that never moved would never let it pause again.
+        Sleep(1);
         return;
     }
     if (deskIsStale_)
