@@ -192,8 +192,7 @@ void Desk::writeTexts(HDC context) const
     if (!handedBack_.picture.empty())
         writeText(context, plate, labelOf(handedBack_), { .height = 15, .colour = inkColour });
     TextLook look { .height = 13, .colour = inkColour, .placing = DT_LEFT | DT_WORDBREAK };
-    writeText(
-        context, paperSheet, notes_.empty() ? keyHints : "Something is missing: see there.", look);
+    writeText(context, paperSheet, keyHints, look);
     RECT inside { frame.left + margin, frame.top + margin, frame.right - margin,
         frame.bottom - margin };
     look.height = 15;

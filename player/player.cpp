@@ -18,10 +18,6 @@ namespace {
 
 constexpr DWORD deskPauseMs = 15;
 
-// What a frame takes at least in a visit without a window: the clock of such a visit moves only
-// while the program sleeps, and the module does not sleep before every frame.
-constexpr DWORD visitFrameMs = 10;
-
 // The module between `initialize` and `release`.
 class OpenModule {
 public:

@@ -311,6 +311,7 @@ def main():
     parser.add_argument("--work", type=Path, required=True, help="is emptied first")
     parser.add_argument("visit", type=Path)
     tools = parser.parse_args()
+    tools.player, tools.tool = tools.player.resolve(), tools.tool.resolve()
     visit = tools.visit.resolve()
     faults = run(tools, visit, tools.work.resolve() / visit.stem)
     print("\n".join(faults))
