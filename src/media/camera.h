@@ -142,8 +142,6 @@ private:
     void beginDownload();
     void downloadNext(unsigned total);
     void finishDownload();
-    bool lookForNewPictures(unsigned& total);
-    bool moveCounter(unsigned place);
     bool setImageCounter(int target);
     void startGrab();
     bool upload();
@@ -193,11 +191,6 @@ private:
 
     std::atomic_flag ticking_ {};
     std::atomic_flag taking_ {};
-
-    // The latest download; the workers' own.
-    unsigned expectedIndex_ = 0; ///< Where it has left the counter.
-    bool fetchedSinceMove_ = false; ///< The picture there has been fetched.
-    int rescues_ = 0; ///< Places fetched again.
 
     CameraDriver driver_;
     HANDLE worker_ = nullptr;

@@ -4,8 +4,6 @@
 
 #include "core/diagnostics.h"
 
-#include <algorithm>
-
 namespace kez {
 
 namespace {
@@ -17,9 +15,7 @@ constexpr std::size_t grabInfoBytes = 24;
 
 // Downloading --------------------------------------------------------------------------------
 //
-// A picture that the camera takes during a download goes where the download has left the counter:
-// into the place fetched last. Before it moves the counter away from that place, a step therefore
-// looks whether it is still there; if not, it fetches again from that place on.
+// One picture per poll. A step whose counter could not be moved is taken again by the next poll.
 
 void Camera::downloadStep()
 {
@@ -36,69 +32,31 @@ void Camera::downloadStep()
 
 void Camera::beginDownload()
 {
-    unsigned char index = static_cast<unsigned char>(pictureCount_.load());
-    if (index != places && !record(driver_.getImageIndex(&index))) // a full camera takes no more
-        return;
-    pictureCount_ = index;
-    if (index == 0)
+    const unsigned count = pictureCount_;
+    if (count == 0)
         return resetTransfer();
-    expectedIndex_ = index;
-    if (!moveCounter(0) && expectedIndex_ != 0)
+    if (!setImageCounter(0))
         return;
-    rescues_ = 0;
-    downloadMode_ = index;
+    downloadMode_ = static_cast<int>(count);
     pictureCount_ = 0;
 }
 
 void Camera::downloadNext(unsigned total)
 {
-    if (fetchedSinceMove_ && !lookForNewPictures(total))
-        return;
     const unsigned place = pictureCount_;
     if (place == places || place >= total)
         finishDownload();
-    else if (moveCounter(place) && upload())
+    else if (setImageCounter(static_cast<int>(place)) && upload())
         pictureCount_ = place + 1;
 }
 
 void Camera::finishDownload()
 {
-    if (!moveCounter(0) && expectedIndex_ != 0)
-        return; // the next poll tries again; from 0 on it would see new pictures by itself
+    if (!setImageCounter(0))
+        return;
     pictureCount_ = 0;
     resetTransfer();
     notify(CountChanged);
-}
-
-bool Camera::lookForNewPictures(unsigned& total)
-{
-    unsigned char index = 0;
-    if (!record(driver_.getImageIndex(&index)))
-        return false;
-    // No more than once for each place: a counter that moves by itself must not keep us for ever.
-    if (index > expectedIndex_ && rescues_ < static_cast<int>(places)) {
-        ++rescues_;
-        pictureCount_ = std::min(pictureCount_.load(), expectedIndex_);
-        total = std::max<unsigned>(total, index);
-        downloadMode_ = static_cast<int>(total);
-    }
-    expectedIndex_ = index;
-    return true;
-}
-
-// One attempt: a camera that is busy may be taking a picture, so the next step looks first.
-bool Camera::moveCounter(unsigned place)
-{
-    if (!record(driver_.resetImageCounter(static_cast<int>(place))))
-        return false;
-    unsigned char index = 255;
-    const bool read = record(driver_.getImageIndex(&index));
-    const bool moved = !read || index != expectedIndex_ || index == place;
-    if (moved) {
-        expectedIndex_ = place;
-        fetchedSinceMove_ = false;
-    }
-    return read && index == place;
 }
 
 // Uploading ----------------------------------------------------------------------------------
@@ -120,7 +78,6 @@ bool Camera::upload()
         if (yields())
             return false;
     }
-    fetchedSinceMove_ = true;
     notify(PictureUploaded);
     return true;
 }

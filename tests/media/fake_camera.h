@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 /// A camera made in the test, with a driver in front of it: six places, a counter that says where
-/// the next picture goes, BUSY while it writes one. A picture is a number from 1 on; uploaded,
-/// every byte of it has that value. Calls are counted, and each may be made to fail.
+/// the next picture goes, BUSY while it writes one. While the host moves the counter a new picture
+/// waits in line, and so do those that the host has not been told of; they go into the places once
+/// the host reads the counter without having moved it or fetched a picture before. A picture is a
+/// number from 1 on; uploaded, every byte of it has that value. Calls are counted, and each may be
+/// made to fail.
 #pragma once
 
 #include "media/camera.h"
 
 #include <array>
+#include <deque>
 #include <functional>
 #include <map>
 #include <string>
@@ -17,6 +21,11 @@ namespace kez::test {
 struct FakeCamera {
     std::array<int, 6> places {};
     int counter = 0;
+    int told = 0; ///< The counter as the host last read it.
+    bool hostMoves = false;
+    bool confirmationDue = false; ///< The host's next reading confirms its move.
+    bool fetched = false; ///< A picture, since the latest move.
+    std::deque<int> line;
     int taken = 0; ///< Pictures taken so far, the number of the latest.
     bool plugged = true;
     bool portsOpen = true; ///< A port opens although no camera is on it.
@@ -31,7 +40,9 @@ struct FakeCamera {
     std::vector<int> resets; ///< Targets of successful counter resets.
     std::vector<std::string> opened; ///< Ports tried.
 
-    void take(int pictures = 1); ///< The camera takes pictures into the places at its counter.
+    void take(int pictures = 1);
+    void moveCounter(int target);
+    int readCounter();
     std::uint32_t answer(bool asksCamera);
 };
 
