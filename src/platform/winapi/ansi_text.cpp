@@ -25,7 +25,12 @@ void appendUtf8(std::string& text, char32_t c)
         text += static_cast<char>(0xC0 | (c >> 6));
         text += static_cast<char>(0x80 | (c & 0x3F));
     } else {
-        text += static_cast<char>(0xE0 | (c >> 12));
+        if (c < 0x10000) {
+            text += static_cast<char>(0xE0 | (c >> 12));
+        } else {
+            text += static_cast<char>(0xF0 | ((c >> 18) & 7));
+            text += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+        }
         text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
         text += static_cast<char>(0x80 | (c & 0x3F));
     }
@@ -55,6 +60,22 @@ char32_t unicodeOf(BYTE character)
     const auto place = static_cast<std::size_t>(character - firstControl);
     return character >= firstControl && place < upperControls.size() ? upperControls[place]
                                                                      : char32_t { character };
+}
+
+char32_t takeDrawn(std::string_view& text)
+{
+    std::string_view rest = text;
+    const char32_t character = takeUtf8(rest);
+    std::string sequence;
+    if (character != badSequence)
+        appendUtf8(sequence, character);
+    if (!sequence.empty() && text.starts_with(sequence)) {
+        text.remove_prefix(sequence.size());
+        return character;
+    }
+    const auto byte = static_cast<BYTE>(text.front());
+    text.remove_prefix(1);
+    return unicodeOf(byte);
 }
 
 BYTE ansiOf(char32_t character)

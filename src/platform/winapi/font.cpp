@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "font.h"
 
-#include "ansi_text.h"
 #include "font_files.h"
 
 #include <ft2build.h>
@@ -85,19 +84,18 @@ void Font::measure(int em)
         middle - underlineThickness_ / 2, ascent_ + 1, std::max(ascent_ + 1, height_ - 1));
 }
 
-const Glyph& Font::glyph(BYTE character)
+const Glyph& Font::glyph(char32_t character)
 {
-    std::optional<Glyph>& glyph = glyphs_[character];
-    if (!glyph)
-        glyph = render(character);
-    return *glyph;
+    const auto known = glyphs_.find(character);
+    return known != glyphs_.end() ? known->second
+                                  : glyphs_.emplace(character, render(character)).first->second;
 }
 
-Glyph Font::render(BYTE character) const
+Glyph Font::render(char32_t character) const
 {
     Glyph glyph { .advance = missingAdvance, .coverage = {} };
     constexpr FT_Int32 mode = FT_LOAD_NO_BITMAP | FT_LOAD_TARGET_LIGHT;
-    if (face_ == nullptr || FT_Load_Char(face_.get(), unicodeOf(character), mode) != 0)
+    if (face_ == nullptr || FT_Load_Char(face_.get(), character, mode) != 0)
         return glyph;
     FT_GlyphSlot slot = face_->glyph;
     glyph.advance

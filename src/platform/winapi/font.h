@@ -6,10 +6,9 @@
 
 #include "windef.h"
 
-#include <array>
 #include <memory>
-#include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 struct FT_FaceRec_;
@@ -50,7 +49,7 @@ public:
 
     [[nodiscard]] int underlineThickness() const { return underlineThickness_; }
 
-    [[nodiscard]] const Glyph& glyph(BYTE character); ///< Valid as long as the font.
+    [[nodiscard]] const Glyph& glyph(char32_t character); ///< Valid as long as the font.
 
 private:
     struct FaceCloser {
@@ -59,7 +58,7 @@ private:
 
     void setSize(int height);
     void measure(int em);
-    [[nodiscard]] Glyph render(BYTE character) const;
+    [[nodiscard]] Glyph render(char32_t character) const;
 
     std::unique_ptr<FT_FaceRec_, FaceCloser> face_;
     bool underline_ = false;
@@ -69,7 +68,7 @@ private:
     int height_ = 15;
     int underlineTop_ = 13;
     int underlineThickness_ = 1;
-    std::array<std::optional<Glyph>, 256> glyphs_;
+    std::unordered_map<char32_t, Glyph> glyphs_;
 };
 
 } // namespace kez::winapi

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// Measuring and drawing of text on a device context.
+#include "ansi_text.h"
 #include "device_context.h"
 #include "surface.h"
 #include "wingdi.h"
@@ -22,8 +23,8 @@ constexpr RECT unbounded { INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX };
 int widthOf(Font& font, std::string_view text)
 {
     int width = 0;
-    for (const char c : text)
-        width += font.glyph(static_cast<BYTE>(c)).advance;
+    while (!text.empty())
+        width += font.glyph(takeDrawn(text)).advance;
     return width;
 }
 
@@ -73,8 +74,8 @@ void drawLine(DeviceContext& context, std::string_view text, int x, int y, const
         fillPixels(
             context, intersection(clip, { x, top, end, top + font.underlineThickness() }), ink);
     }
-    for (const char c : text) {
-        const Glyph& glyph = font.glyph(static_cast<BYTE>(c));
+    while (!text.empty()) {
+        const Glyph& glyph = font.glyph(takeDrawn(text));
         drawGlyph(view, glyph, x + glyph.left, y + font.ascent() - glyph.top, seen, ink);
         x += glyph.advance;
     }
