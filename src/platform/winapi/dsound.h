@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-/// DirectSound, version 1: a device and its buffers of sampled sound.
+/// DirectSound, version 1: a device and its static buffers of sampled sound. There is no primary
+/// buffer, and buffers cannot be duplicated (DSERR_UNSUPPORTED).
 #pragma once
 
 #include "windef.h"
@@ -64,6 +65,10 @@ extern const IID IID_IDirectSoundBuffer;
 #define DSBPAN_LEFT (-10000)
 #define DSBPAN_CENTER 0
 #define DSBPAN_RIGHT 10000
+
+#define DSBFREQUENCY_ORIGINAL 0u
+#define DSBFREQUENCY_MIN 100u
+#define DSBFREQUENCY_MAX 200000u
 
 #define DSBSIZE_MIN 4u
 #define DSBSIZE_MAX 0x0FFFFFFFu
@@ -143,3 +148,10 @@ struct IDirectSoundBuffer : IUnknown {
         = 0;
     virtual HRESULT STDMETHODCALLTYPE Restore() = 0;
 };
+
+extern "C" {
+
+/// The default output only. DSERR_NODRIVER when the computer has none.
+HRESULT WINAPI DirectSoundCreate(const GUID* device, LPDIRECTSOUND* sound, IUnknown* outer);
+
+} // extern "C"

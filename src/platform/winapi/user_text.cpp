@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
-/// The user interface's small change: rectangles, formatted texts and the message box.
+/// The user interface's small change: rectangles, names of messages, formatted texts and the
+/// message box.
 #include "display_window.h"
+#include "winbase.h"
 #include "winuser.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdarg>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 BOOL WINAPI SetRect(LPRECT area, int left, int top, int right, int bottom)
 {
@@ -12,6 +18,27 @@ BOOL WINAPI SetRect(LPRECT area, int left, int top, int right, int bottom)
         return FALSE;
     *area = { left, top, right, bottom };
     return TRUE;
+}
+
+UINT WINAPI RegisterWindowMessageA(LPCSTR name)
+{
+    constexpr UINT first = 0xC000;
+    constexpr UINT most = 0x4000;
+    static auto& names = *new std::vector<std::string>;
+    std::string key = name != nullptr ? name : "";
+    if (key.empty() || key.size() > 255) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    std::ranges::transform(
+        key, key.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const auto found = std::ranges::find(names, key);
+    const auto index = static_cast<UINT>(found - names.begin());
+    if (index == most)
+        return 0;
+    if (found == names.end())
+        names.push_back(key);
+    return first + index;
 }
 
 int WINAPI wsprintfA(LPSTR into, LPCSTR format, ...)

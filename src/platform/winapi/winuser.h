@@ -168,6 +168,10 @@ using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
 #define MB_SETFOREGROUND 0x00010000u
 #define IDOK 1
 
+#define IMAGE_BITMAP 0
+#define LR_LOADFROMFILE 0x0010u
+#define LR_CREATEDIBSECTION 0x2000u
+
 #define DT_TOP 0x0000
 #define DT_LEFT 0x0000
 #define DT_CENTER 0x0001
@@ -285,6 +289,14 @@ int WINAPI DrawTextA(HDC context, LPCSTR text, int count, LPRECT area, UINT form
 
 // Rectangles and texts.
 BOOL WINAPI SetRect(LPRECT area, int left, int top, int right, int bottom);
+/// A message number from 0xC000 to 0xFFFF, the same for every use of a name; 0 on failure.
+UINT WINAPI RegisterWindowMessageA(LPCSTR name);
+/// Bitmaps from BMP files, with both flags: IMAGE_BITMAP, LR_LOADFROMFILE and LR_CREATEDIBSECTION.
+/// The path is the system's own. Programs have no bitmaps as resources here. The bitmap holds 24
+/// bits a pixel, whatever the file has; 0 for a side means the file's own.
+HANDLE WINAPI LoadImageA(
+    HINSTANCE instance, LPCSTR name, UINT type, int width, int height, UINT flags);
+
 int WINAPI wsprintfA(LPSTR into, LPCSTR format, ...); ///< At most 1023 characters.
 
 /// In a box over the shown window; on standard error where nothing is shown.
