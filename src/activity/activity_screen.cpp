@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "activity/activity_screen.h"
 
+#include "activity/guide.h"
 #include "core/flags.h"
 #include "display/cursor.h"
 #include "input/events.h"
@@ -18,6 +19,10 @@ ActivityScreen::ActivityScreen()
     : view_(0, 0, 0, 0, 0, false, true)
     , pointer_("cursor", true)
     , helpPointer_("help", true)
+    , shutterSound_("shutter")
+    , tapSound_("tap")
+    , badSound_("bad")
+    , trashSound_("trash")
 {
     mouseService_.setClient(this);
     clickService_.setClient(this);
@@ -28,7 +33,10 @@ void ActivityScreen::onEnter()
 {
     restart();
     hoveredButton_ = nullptr;
-    freshRun = false; // the first screen of a run starts silently
+    tapSound_.attach();
+    if (!freshRun) // the first screen of a run starts silently
+        tap();
+    freshRun = false;
 
     mouseService_.attach();
     clickService_.attach();
@@ -39,6 +47,9 @@ void ActivityScreen::onEnter()
 
     pointer_.realize();
     helpPointer_.realize();
+    shutterSound_.attach();
+    badSound_.attach();
+    trashSound_.attach();
     cursorObject = &pointer_;
     hotSpot = pointerHotSpot;
     hover(mouseService_);
@@ -54,6 +65,8 @@ void ActivityScreen::onLeave()
     view_.visible = false;
     pointer_.unrealize();
     helpPointer_.unrealize();
+    for (Sound* sound : { &shutterSound_, &tapSound_, &badSound_, &trashSound_ })
+        sound->detach();
 }
 
 bool ActivityScreen::hoverButton(Image& button)
@@ -75,6 +88,20 @@ void ActivityScreen::leaveHelpMode()
     cursorObject = &pointer_;
     helpMode = false;
     stopDispatch();
+}
+
+void ActivityScreen::introduceOnce()
+{
+    if (!guideIntro || introduced)
+        return;
+    introduced = true;
+    sayGuide(clip::introduction);
+}
+
+void playTap()
+{
+    if (auto* screen = dynamic_cast<ActivityScreen*>(currentScene()))
+        screen->tap();
 }
 
 } // namespace kez

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// The base of the full screens: a view with a backdrop and rollover buttons, three input services,
-/// and two pointers. The backdrop shows every button in its normal look; a rollover button lies
-/// over it and is visible only while the pointer is on it.
+/// two pointers and four sounds. The backdrop shows every button in its normal look; a rollover
+/// button lies over it and is visible only while the pointer is on it.
 ///
 /// In help mode a click on a button only asks what it does; it ends help mode and does nothing
 /// else.
@@ -10,6 +10,7 @@
 #include "display/scene.h"
 #include "display/view.h"
 #include "input/input_services.h"
+#include "media/sound.h"
 #include "sprites/image.h"
 
 namespace kez {
@@ -25,12 +26,17 @@ public:
     /// Slot 18: the pointer moved. Lights the button under it.
     virtual void hover(Service& service) = 0;
 
+    void tap() { tapSound_.play(false); }
+
 protected:
     /// Lights the button when the pointer is on it; returns whether it is.
     bool hoverButton(Image& button);
 
     void enterHelpMode();
     void leaveHelpMode(); ///< Nothing further hears the click that ended it.
+
+    /// The guide introduces the activity if the host asked for it, once in the module's lifetime.
+    static void introduceOnce();
 
     View view_;
     MouseService mouseService_;
@@ -39,6 +45,12 @@ protected:
     Image pointer_;
     Image helpPointer_;
     Image* hoveredButton_ = nullptr;
+    Sound shutterSound_; ///< A picture was stored.
+    Sound tapSound_; ///< A button or cell was clicked, or the screen has changed.
+    Sound badSound_; ///< A request cannot be done.
+    Sound trashSound_; ///< A picture was removed.
 };
+
+void playTap(); ///< The current screen's; for what lies over a screen.
 
 } // namespace kez

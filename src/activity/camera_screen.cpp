@@ -2,7 +2,10 @@
 #include "activity/camera_screen.h"
 
 #include "activity/camera_slots.h"
+#include "activity/guide.h"
+#include "activity/photo_book.h"
 #include "activity/picture_names.h"
+#include "activity/picture_view.h"
 #include "activity/stored_files.h"
 #include "activity/stored_pictures.h"
 #include "core/flags.h"
@@ -86,6 +89,7 @@ void CameraScreen::enter()
 
 void CameraScreen::leave()
 {
+    pictureView().leave();
     grid_.leave();
     camera().stop();
     detach();
@@ -100,6 +104,7 @@ TaskBody CameraScreen::run()
     for (;;) {
         busyStep();
         co_await sleep(stepMs);
+        introduceOnce();
         if (retestRoom) {
             hasRoomNow = hasRoom(0);
             retestRoom = false;
@@ -128,9 +133,11 @@ void CameraScreen::lookForPicture()
     }
     if (picturesTaken() == slotCount) {
         camera().requestErase();
+        badSound_.play(false);
     } else {
         const int slot = storeTakenPicture(camera().image());
         paintCell(camera().image(), slot);
+        shutterSound_.play(false);
     }
     cursorObject = &pointer_;
 }
@@ -163,7 +170,7 @@ void CameraScreen::serviceFired(Service& service)
 {
     if (&service == &clickService_) {
         if (helpMode)
-            leaveHelpMode();
+            explainClicked();
     } else if (&service == &mouseService_) {
         if (mouseMove)
             hover(service);
@@ -186,8 +193,24 @@ void CameraScreen::hover(Service& /*service*/)
             return;
 }
 
+// What is no button explains nothing, but ends help mode as well.
+void CameraScreen::explainClicked()
+{
+    const std::pair<const Image*, int> explanations[]
+        = { { &helpButton_, clip::help }, { &importButton_, clip::importPicture },
+              { &exportButton_, clip::exportPicture }, { &cameraButton_, clip::camera },
+              { &saveButton_, clip::save }, { &trashButton_, clip::trash },
+              { &returnButton_, clip::giveBack }, { &bookButton_, clip::book } };
+    for (const auto& [button, clipId] : explanations)
+        if (button == pickedItem)
+            sayGuide(clipId);
+    leaveHelpMode();
+}
+
 void CameraScreen::buttonPressed()
 {
+    if (hoveredButton_ != nullptr)
+        tap();
     if (hoveredButton_ == &helpButton_)
         enterHelpMode();
     else if (hoveredButton_ == &cameraButton_)
@@ -198,24 +221,41 @@ void CameraScreen::buttonPressed()
         deleteSelected();
     else if (hoveredButton_ == &returnButton_)
         giveBack();
+    else if (hoveredButton_ == &exportButton_)
+        exportSelected();
     else if (hoveredButton_ == &importButton_)
         grid_.deselect();
+    else if (hoveredButton_ == &bookButton_)
+        switchTo(photoBook());
 }
 
 void CameraScreen::fetchPictures()
 {
     if (picturesTaken() < slotCount && camera().isReady())
         camera().requestDownloadAll();
+    else
+        badSound_.play(false);
+}
+
+void CameraScreen::exportSelected()
+{
+    if (grid_.selectedIndex() < 0)
+        sayGuide(clip::exportPicture);
 }
 
 // A cell without a picture cannot be selected.
 void CameraScreen::gridClicked()
 {
     const int cell = grid_.selectedIndex();
-    if (grid_.click() == ThumbnailGrid::Click::SelectedCell)
+    if (grid_.click() == ThumbnailGrid::Click::SelectedCell) {
+        tap();
+        pictureView().open(temporaryName(cell + 1).c_str(), cell, grid_);
         grid_.deselect();
-    else if (cell >= 0 && !cameraSlot(cell).taken)
+    } else if (cell >= 0 && !cameraSlot(cell).taken) {
         grid_.deselect();
+    } else {
+        tap();
+    }
 }
 
 void CameraScreen::deleteSelected()
@@ -226,6 +266,7 @@ void CameraScreen::deleteSelected()
     forgetSlot(cell);
     paintCell(nullptr, cell);
     grid_.deselect();
+    trashSound_.play(false);
 }
 
 void CameraScreen::giveBack()

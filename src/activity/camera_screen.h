@@ -29,8 +29,10 @@ private:
     void lookForPicture();
     void advanceBusyPointer();
     [[nodiscard]] int shownBusyFrame() const;
+    void explainClicked();
     void buttonPressed();
     void fetchPictures();
+    void exportSelected();
     void gridClicked();
     void deleteSelected();
     void giveBack();

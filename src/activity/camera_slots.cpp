@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "activity/camera_slots.h"
 
+#include "activity/guide.h"
 #include "activity/picture_names.h"
 #include "activity/stored_files.h"
 #include "activity/stored_pictures.h"
@@ -103,12 +104,13 @@ void saveTakenPictures()
         slot.saved = saveSlot(i);
         unsavedPictures |= !slot.saved;
     }
+    sayGuide(unsavedPictures ? clip::notStored : clip::saved);
 }
 
 void requestSave()
 {
     if (!unsavedPictures)
-        return;
+        return sayGuide(clip::nothingToSave);
     hasRoomNow = hasRoom(0);
     if (hasRoomNow)
         saveTakenPictures();

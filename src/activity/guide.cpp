@@ -33,16 +33,28 @@ void Guide::playClip(std::int32_t kind, std::int32_t clipId)
         auto* found = static_cast<GuideClip*>(node->item());
         if (found->kind != kind || found->clipId != clipId)
             continue;
-        stop();
+        unloadPlaying();
         playing_ = found;
         found->voice.setName(found->soundName.c_str());
         found->voice.attach();
         found->voice.play(false);
+        const SoundBuffer* heard = found->voice.buffer();
+        if (listener_ != nullptr)
+            listener_(clipId, heard != nullptr ? heard->duration() : 0);
         return;
     }
 }
 
 void Guide::stop()
+{
+    if (playing_ == nullptr)
+        return;
+    unloadPlaying();
+    if (listener_ != nullptr)
+        listener_(0, 0);
+}
+
+void Guide::unloadPlaying()
 {
     if (playing_ == nullptr)
         return;

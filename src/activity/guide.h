@@ -33,7 +33,16 @@ public:
 
     [[nodiscard]] GuideClip* playing() const { return playing_; } ///< Also after its sound ended.
 
+    /// Hears of every clip that starts, with its duration (0 when it cannot be heard), and of clip
+    /// 0 when the guide is silenced.
+    using Listener = void (*)(int clipId, unsigned durationMs);
+
+    void setListener(Listener listener) { listener_ = listener; } ///< Null: nobody.
+
 private:
+    void unloadPlaying();
+
+    Listener listener_ = nullptr;
     GuideClip* playing_ = nullptr;
 };
 

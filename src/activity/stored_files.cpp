@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "activity/stored_files.h"
 
+#include "activity/guide.h"
 #include "core/flags.h"
 #include "platform/files.h"
 
@@ -38,7 +39,10 @@ bool deleteStoredFile(const String& path)
 
 bool hasRoom(int bytes)
 {
-    return std::int64_t { diskUsed } + bytes < diskBudget;
+    const bool fits = std::int64_t { diskUsed } + bytes < diskBudget;
+    if (!fits)
+        sayGuide(clip::noRoom);
+    return fits;
 }
 
 int addDiskUsed(std::int64_t change)

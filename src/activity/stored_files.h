@@ -18,7 +18,8 @@ bool copyStoredFile(const String& from, const String& to);
 
 bool deleteStoredFile(const String& path); ///< False also when there is no such file.
 
-bool hasRoom(int bytes); ///< False when the budget does not allow that many more.
+/// False, and the guide says so, when the budget does not allow that many more.
+bool hasRoom(int bytes);
 int addDiskUsed(std::int64_t change); ///< The new total.
 
 } // namespace kez

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/kez.h"
 
+#include "activity/guide.h"
 #include "activity/hand_over.h"
 #include "activity/photo_store.h"
 #include "core/clock.h"
@@ -16,6 +17,7 @@
 #include "input/window_hook.h"
 #include "media/camera.h"
 #include "media/resource_archive.h"
+#include "media/sound.h"
 
 using namespace kez;
 
@@ -29,6 +31,17 @@ namespace {
 HWND hostWindow = nullptr;
 
 constexpr char archivePath[] = "data\\kez.wad";
+
+Sound song("kezsong");
+
+// For hosts that show in writing what the guide says.
+void tellHostOfClip(int clipId, unsigned durationMs)
+{
+    static const UINT message = RegisterWindowMessageA("KezGuideClip");
+    if (hostWindow != nullptr && message != 0)
+        PostMessageA(
+            hostWindow, message, static_cast<WPARAM>(clipId), static_cast<LPARAM>(durationMs));
+}
 
 // The host's own procedure hears where the mouse is as soon as it has its window back.
 void tellHostWhereTheMouseIs()
@@ -69,7 +82,7 @@ bool runFrame()
 
 } // namespace
 
-void Kez::initialize(HWND window, IDirectSound* /*sound*/, IDirectDraw* directDraw,
+void Kez::initialize(HWND window, IDirectSound* sound, IDirectDraw* directDraw,
     IDirectDrawSurface* primary, IDirectDrawSurface* secondary, int bitsPerPixel,
     const char* dataPath, DWORD ownColor1, DWORD ownColor2, DWORD ownColor3, DWORD ownColor4)
 {
@@ -90,7 +103,8 @@ void Kez::initialize(HWND window, IDirectSound* /*sound*/, IDirectDraw* directDr
     color3 = ownColor3;
     color4 = ownColor4;
     setDataPath(dataPath);
-    // Here the mixer takes `sound`, once the module has one.
+    directSound = sound;
+    guide().setListener(tellHostOfClip);
     createArchive();
 }
 
@@ -111,7 +125,7 @@ void Kez::open()
     suspended = true;
 }
 
-void Kez::run(Module module, int ownDiskBudget, bool /*playSong*/, bool ownGuideIntro)
+void Kez::run(Module module, int ownDiskBudget, bool playSong, bool ownGuideIntro)
 {
     if (!opened) {
         debugPrint("Kez::run: the module is not open.");
@@ -128,7 +142,10 @@ void Kez::run(Module module, int ownDiskBudget, bool /*playSong*/, bool ownGuide
     mouseEvent(mouse.x, mouse.y, MouseEvent::Move);
     startScene(sceneFor(module));
     suspended = false;
-    // Here the song starts, once the module has one.
+    if (playSong) {
+        song.attach();
+        song.play(true);
+    }
     running = true;
 }
 
@@ -146,7 +163,9 @@ void Kez::close()
 {
     if (!opened)
         return;
-    // Here the song and the guide fall silent, once the module has them.
+    song.stop();
+    song.detach();
+    stopGuide();
     endScene();
     opened = false;
     removeHook();
