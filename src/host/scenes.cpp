@@ -2,12 +2,15 @@
 #include "host/scenes.h"
 
 #include "activity/camera_screen.h"
+#include "activity/photo_book.h"
 
 namespace kez {
 
-Scene& sceneFor(Kez::Module /*module*/)
+Scene& sceneFor(Kez::Module module)
 {
-    return cameraScreen();
+    if (module == Kez::camera)
+        return cameraScreen();
+    return photoBook();
 }
 
 } // namespace kez

@@ -7,8 +7,7 @@
 
 namespace kez {
 
-/// The camera screen, whatever the module: this version has no other screen to start with. A host
-/// that asks for the photo book gets it too.
+/// The camera screen for `Kez::camera`, the photo book for every other value.
 [[nodiscard]] Scene& sceneFor(Kez::Module module);
 
 } // namespace kez

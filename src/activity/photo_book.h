@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+/// The photo book: the stored pictures, a page of 24 at a time, with their names. The child turns
+/// pages, chooses a picture, sees it enlarged, names it by typing, throws it away or gives it to
+/// the host. A typed name holds from the next button press or click on.
+#pragma once
+
+#include "activity/activity_screen.h"
+#include "activity/book_page.h"
+#include "activity/name_labels.h"
+#include "activity/thumbnail_grid.h"
+
+#include <array>
+#include <cstdint>
+
+namespace kez {
+
+class PhotoBook : public ActivityScreen {
+public:
+    PhotoBook();
+    void serviceFired(Service& service) override;
+    TaskBody run() override;
+    void create() override;
+    void enter() override;
+    void leave() override;
+    void hover(Service& service) override;
+
+    [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
+
+    [[nodiscard]] const NameLabels& labels() const { return labels_; } ///< While current.
+
+    [[nodiscard]] int page() const { return page_.number(); } ///< 0 first.
+
+private:
+    struct Button {
+        Image* image;
+        int helpClip;
+    };
+
+    [[nodiscard]] std::array<Button, 10> buttons(); ///< In the order in which they are looked at.
+    void explainPicked();
+    void gridClicked();
+    void cellClicked();
+    void clickedElsewhere();
+    void buttonPressed();
+    void turnPage(int direction);
+    void showPage();
+    void paintCell(int cell);
+    void clearSelection();
+    void commitName();
+    void keyTyped(std::uint32_t key);
+    void openSelected();
+    void deleteSelected();
+    void exportSelected();
+    void giveBack();
+    [[nodiscard]] String selectedName() const;
+
+    Image backdrop_;
+    Image importButton_;
+    Image exportButton_;
+    Image returnButton_;
+    Image trashButton_;
+    Image helpButton_;
+    Image saveButton_;
+    Image leftButton_;
+    Image rightButton_;
+    Image cameraButton_;
+    Image bookButton_;
+
+    ThumbnailGrid grid_;
+    NameLabels labels_;
+    BookPage page_;
+    int currentCell_ = 0;
+    List* selectedEntry_ = nullptr; ///< The album's; that of the current cell.
+};
+
+/// The one photo book.
+PhotoBook& photoBook();
+
+} // namespace kez

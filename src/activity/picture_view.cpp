@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "activity/picture_view.h"
+
+#include "activity/activity_screen.h"
+#include "activity/key_colours.h"
+#include "activity/picture_names.h"
+#include "activity/stored_pictures.h"
+#include "input/events.h"
+#include "media/resample.h"
+#include "media/targa_file.h"
+#include "sprites/picture_pixels.h"
+#include "sprites/sprite_builder.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kez {
+
+namespace {
+
+constexpr StagePoint viewCentre { -32, -62 };
+constexpr int viewWidth = 320;
+constexpr int viewHeight = 240;
+constexpr int frameThickness = -2;
+
+// Three bytes a pixel, bottom row first. Empty: there is none.
+struct Picture {
+    std::vector<std::uint8_t> pixels;
+    int width = 0;
+    int height = 0;
+};
+
+Picture readPicture(const char* name)
+{
+    TargaFile file(makePath("photo", name, "cam").c_str());
+    Picture picture;
+    const std::uint8_t* pixels = file.read(&picture.width, &picture.height);
+    if (pixels == nullptr || picture.width < 1 || picture.height < 1)
+        return {};
+    const int count = picture.width * picture.height;
+    picture.pixels.assign(pixels, pixels + std::ptrdiff_t { 3 } * count);
+    std::vector<std::uint8_t> mask(static_cast<std::size_t>(count));
+    if (readMask(makePath("mask", name, "mask").c_str(), mask.data(), count))
+        applyMask(picture.pixels.data(), mask.data(), count);
+    return picture;
+}
+
+Picture fitted(Picture picture)
+{
+    const double factor = std::min(static_cast<double>(viewWidth) / picture.width,
+        static_cast<double>(viewHeight) / picture.height);
+    if (factor == 1.0)
+        return picture;
+    // At least a pixel, however narrow the picture.
+    const int width = std::max(static_cast<int>(picture.width * factor), 1);
+    const int height = std::max(static_cast<int>(picture.height * factor), 1);
+    Picture result { std::vector<std::uint8_t>(static_cast<std::size_t>(3 * width * height)), width,
+        height };
+    std::uint8_t* pixels = result.pixels.data();
+    resamplePicture(picture.pixels.data(), picture.width, picture.height, &pixels, width, height);
+    return result;
+}
+
+std::unique_ptr<DynaImage> imageOf(const Picture& picture, const char* name)
+{
+    std::vector<std::uint32_t> topRowFirst(picture.pixels.size() / 3);
+    for (int y = 0; y < picture.height; ++y)
+        toOpaquePixels(&picture.pixels[static_cast<std::size_t>(3 * y * picture.width)],
+            &topRowFirst[static_cast<std::size_t>((picture.height - 1 - y) * picture.width)],
+            picture.width);
+    SpriteRecord record;
+    record.makeTrueColour(
+        name, viewCentre.x, viewCentre.y, picture.width, picture.height, topRowFirst.data(), false);
+    auto image = std::make_unique<DynaImage>(name, true);
+    image->setRecord(record.serialise().data());
+    return image;
+}
+
+} // namespace
+
+PictureView& pictureView()
+{
+    static PictureView view;
+    return view;
+}
+
+PictureView::PictureView()
+    : view_(0, 0, 0, 0, 0, false, true)
+    , frame_({ viewCentre.x, viewCentre.y, 0, viewWidth, viewHeight }, true, black, 0)
+{
+    clickService_.setClient(this);
+    keyService_.setClient(this);
+    view_.add(frame_);
+}
+
+void PictureView::open(const char* name, int cell, ThumbnailGrid& grid)
+{
+    grid_ = &grid;
+    cell_ = cell;
+    setName(name);
+    enter();
+}
+
+void PictureView::enter()
+{
+    if (picture_ != nullptr)
+        return;
+    const Picture stored = readPicture(name().c_str());
+    if (stored.pixels.empty())
+        return;
+    const Picture shown = fitted(stored);
+    picture_ = imageOf(shown, name().c_str());
+    view_.add(*picture_);
+    frame_.thickness = frameThickness;
+    frame_.width = shown.width;
+    frame_.height = shown.height;
+    clickService_.attach();
+    view_.attach();
+    view_.realize();
+    view_.visible = true;
+    keyService_.attach();
+}
+
+void PictureView::leave()
+{
+    if (picture_ == nullptr)
+        return;
+    picture_.reset();
+    clickService_.detach();
+    keyService_.detach();
+    view_.detach();
+    view_.visible = false;
+}
+
+void PictureView::serviceFired(Service& service)
+{
+    if (&service == &keyService_)
+        stopDispatch();
+    else if (&service == &clickService_)
+        clicked();
+}
+
+void PictureView::clicked()
+{
+    if (pickedItem == &frame_) { // it lies in front of the picture and is as large
+        stopDispatch();
+        grid_->select(cell_);
+    }
+    leave();
+    playTap();
+}
+
+} // namespace kez
