@@ -11,7 +11,7 @@ hold spaces stand in quotes; `#` starts a comment. Paths are below the data dire
     depths N...               play it at each of these depths (16 24 32), each in a fresh place
     options WORD...           more options for the player; {here} is the directory of the visits,
                               {work} the place of this play
-    prepare WHAT              see PREPARATIONS
+    prepare WHAT [WORD...]    see PREPARATIONS
     exit N                    the player's exit status (0)
     says TEXT                 standard error holds the text
     file PATH [BYTES]         the file exists (and has this size)
@@ -62,8 +62,8 @@ class Play:
         self.user = None
         self.shots = {}
 
-    def prepare(self, what):
-        PREPARATIONS[what](self)
+    def prepare(self, what, *arguments):
+        PREPARATIONS[what](self, *arguments)
 
     def play(self):
         command = [self.tools.player, "--headless", "--visit", self.visit, "--data", self.data,
@@ -211,12 +211,74 @@ def data_read_only(play):
     """A store that may be read only. Root may write everywhere, so the player runs as nobody."""
     (play.data / "photo").mkdir(parents=True)
     (play.data / "photo" / "Photo  1.cam").write_bytes(b"kept")
+    forbid_writing(play, "photo", ".")
+
+
+def forbid_writing(play, *directories):
     if os.geteuid() == 0:
         play.user = NOBODY
         os.chown(play.work, NOBODY, -1)
-    for directory in (play.data / "photo", play.data):
-        directory.chmod(stat.S_IRUSR | stat.S_IXUSR | stat.S_IRGRP | stat.S_IXGRP | stat.S_IROTH
+    for directory in directories:
+        (play.data / directory).chmod(stat.S_IRUSR | stat.S_IXUSR | stat.S_IRGRP | stat.S_IXGRP | stat.S_IROTH
                         | stat.S_IXOTH)
+
+
+def album(play, count):
+    """Numbered pictures, each of a colour of its own."""
+    for number in range(1, int(count) + 1):
+        put_picture(play, f"Photo{number:3d}", colour_of(number))
+
+
+def album_of(play, *names):
+    for number, name in enumerate(names, 1):
+        put_picture(play, name, colour_of(number))
+
+
+def album_full(play):
+    """As many numbered pictures as there can be, and five thousand with names."""
+    album(play, 999)
+    for number in range(5000):
+        put_picture(play, f"n{number:04d}", colour_of(number))
+
+
+def album_damaged(play):
+    """Six pictures: 2's thumbnail is cut short, 3's picture is none, 4 lacks the thumbnail, 5 the
+    picture, and 6's thumbnail is empty."""
+    album(play, 6)
+    clips, photos = play.data / "clipboard", play.data / "photo"
+    os.truncate(clips / "Photo  2.clip", 8099)
+    (photos / "Photo  3.cam").write_bytes(b"no picture")
+    (clips / "Photo  4.clip").unlink()
+    (photos / "Photo  5.cam").unlink()
+    os.truncate(clips / "Photo  6.clip", 0)
+
+
+def album_masked(play):
+    """One picture of 16 x 12 pixels whose upper half is masked."""
+    album(play, 1)
+    mask = play.data / "mask"
+    mask.mkdir()
+    (mask / "Photo  1.mask").write_bytes(bytes(12) + b"\xff" * 12)
+
+
+def album_read_only(play):
+    album(play, 2)
+    forbid_writing(play, "photo", "clipboard", ".")
+
+
+def put_picture(play, name, colour):
+    """A stored picture of 16 x 12 pixels of one colour, and its thumbnail."""
+    photos, clips = play.data / "photo", play.data / "clipboard"
+    for directory in (photos, clips):
+        directory.mkdir(parents=True, exist_ok=True)
+    head = bytes((0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 16, 0, 12, 0, 24, 0))
+    pixel = bytes(reversed(colour))
+    (photos / f"{name}.cam").write_bytes(head + pixel * (16 * 12))
+    (clips / f"{name}.clip").write_bytes(pixel * (60 * 45))
+
+
+def colour_of(number):
+    return number * 40 % 200 + 20, number * 9 % 200 + 20, number * 77 % 200 + 20
 
 
 def folder_of_photographs(play):
@@ -224,6 +286,12 @@ def folder_of_photographs(play):
 
 
 PREPARATIONS = {
+    "album": album,
+    "album-damaged": album_damaged,
+    "album-full": album_full,
+    "album-masked": album_masked,
+    "album-of": album_of,
+    "album-read-only": album_read_only,
     "content-missing": content_missing,
     "content-cut": content_cut,
     "content-garbled": content_garbled,
