@@ -26,6 +26,10 @@ if(WIN32)
     add_compile_definitions(NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0501)
     add_compile_options(-msse2 -mfpmath=sse -mstackrealign)
     add_link_options(-static)
+    # This compiler takes a literal in front of a string for a copy onto itself.
+    if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+    endif()
 endif()
 
 # kez_layer(name SOURCES ... USES lower layers ... LIBRARIES ...): one folder of src/ as a library.
