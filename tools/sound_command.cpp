@@ -30,7 +30,6 @@ struct Encoding {
     int rate = 22050;
     int syncIntervalMs = 100;
     bool plain = false;
-    bool shaped = false;
     bool sync = false;
 };
 
@@ -62,7 +61,10 @@ void reportCode(const Encoding& job, std::span<const std::uint8_t> samples,
     if (!job.plain) {
         std::vector<std::uint8_t> heard(samples.size());
         expandDelta4(encoded, heard);
-        std::printf(", signal to noise %.1f dB", signalToNoise(samples, heard));
+        if (std::ranges::equal(heard, samples))
+            std::printf(", without loss");
+        else
+            std::printf(", signal to noise %.1f dB", signalToNoise(samples, heard));
     }
     std::printf("\n");
 }
@@ -72,8 +74,7 @@ void encode(const Encoding& job)
     SoundParts parts;
     parts.name = recordName(job);
     const std::vector<float> wave = readWave(job.from, job.rate);
-    const std::vector<std::uint8_t> samples
-        = toBytes(wave, job.shaped ? Rounding::Shaped : Rounding::Nearest);
+    const std::vector<std::uint8_t> samples = toBytes(wave);
     const std::vector<std::uint8_t> encoded = encodeSamples(job, samples);
     std::vector<std::uint8_t> track;
     if (job.sync)
@@ -187,8 +188,6 @@ void addEncode(CLI::App& command)
         ->check(CLI::Range(1000, 192000));
     encoding->add_option("--name", job->name, "The record's name (the file's, without ending)");
     encoding->add_flag("--plain", job->plain, "Keep whole bytes; the delta code halves them");
-    encoding->add_flag("--shape", job->shaped,
-        "Push the noise of rounding to 8 bits up to where it is heard least; for quiet music");
     CLI::Option* sync
         = encoding->add_flag("--sync", job->sync, "Add a sync track that follows the loudness");
     encoding->add_option("--sync-interval", job->syncIntervalMs, "Milliseconds a value (100)")

@@ -22,19 +22,26 @@ constexpr unsigned runMark = 255;
 /// How often each difference is wanted, and the levels that serve them best.
 class LevelFit {
 public:
-    void want(std::size_t code, int difference, long times = 1)
+    /// `times` samples wanted the difference and were served by this code, each `miss` away.
+    void want(std::size_t code, int difference, int miss, long times = 1)
     {
         sums_[code] += difference * times;
         counts_[code] += times;
+        errors_[code] += miss * miss * times;
     }
 
-    /// Each level moves into the middle of what it served; one that served nothing stays.
+    /// Each level moves into the middle of what it served; one that served nothing goes where most
+    /// is missed.
     void move(DeltaTable& table) const
     {
-        for (std::size_t code = 0; code < table.size(); ++code)
-            if (counts_[code] > 0)
+        const auto worst
+            = static_cast<std::size_t>(std::ranges::max_element(errors_) - errors_.begin());
+        for (std::size_t code = 0; code < table.size(); ++code) {
+            const std::size_t served = counts_[code] > 0 ? code : worst;
+            if (counts_[served] > 0)
                 table[code] = static_cast<int>(std::lround(
-                    static_cast<double>(sums_[code]) / static_cast<double>(counts_[code])));
+                    static_cast<double>(sums_[served]) / static_cast<double>(counts_[served])));
+        }
         separate(table);
     }
 
@@ -62,6 +69,7 @@ private:
 
     std::array<long, deltaCodes> sums_ {};
     std::array<long, deltaCodes> counts_ {};
+    std::array<long, deltaCodes> errors_ {};
 };
 
 std::size_t nearestLevel(const DeltaTable& table, int difference)
@@ -85,7 +93,8 @@ DeltaTable firstTable(std::span<const std::uint8_t> samples)
     for (int round = 0; round < rounds; ++round) {
         LevelFit fit;
         for (int difference = -span; difference <= span; ++difference) {
-            fit.want(nearestLevel(table, difference), difference,
+            const std::size_t code = nearestLevel(table, difference);
+            fit.want(code, difference, table[code] - difference,
                 histogram[static_cast<std::size_t>(difference + span)]);
         }
         fit.move(table);
@@ -101,7 +110,7 @@ void refit(
     int before = silence;
     for (std::size_t i = 0; i < steps.size(); ++i) {
         if (steps[i].code < deltaCodes)
-            fit.want(steps[i].code, samples[i + 1] - before);
+            fit.want(steps[i].code, samples[i + 1] - before, samples[i + 1] - steps[i].value);
         before = steps[i].value;
     }
     fit.move(table);
@@ -175,8 +184,8 @@ std::vector<std::uint8_t> writeSteps(const DeltaTable& table, std::span<const De
 std::vector<std::uint8_t> encodeDelta4(
     std::span<const std::uint8_t> samples, const SoundProgress& progress)
 {
-    constexpr std::size_t passes = 14;
-    constexpr std::size_t fittingPasses = 9;
+    constexpr std::size_t passes = 9;
+    constexpr std::size_t fittingPasses = 4;
     constexpr float prohibitive = 1 << 22; // No escape is worth this.
     const std::size_t room = delta4TableSize + samples.size() / 2;
     DeltaTable table = firstTable(samples);
@@ -195,7 +204,7 @@ std::vector<std::uint8_t> encodeDelta4(
         if (pass < fittingPasses)
             refit(table, samples, steps);
         power += fits ? -change : change;
-        change *= 0.75f;
+        change *= 0.7f;
         if (progress)
             progress(pass + 1, passes);
     }

@@ -21,24 +21,13 @@ double powerOf(std::span<const std::uint8_t> samples)
 
 } // namespace
 
-std::vector<std::uint8_t> toBytes(std::span<const float> samples, Rounding rounding)
+std::vector<std::uint8_t> toBytes(std::span<const float> samples)
 {
-    // The noise is filtered by 1 - 1.2 z^-1 + 0.5 z^-2: weak below 3 kHz at 22,050 Hz.
-    const double first = rounding == Rounding::Shaped ? 1.2 : 0;
-    const double second = rounding == Rounding::Shaped ? -0.5 : 0;
-    double error[2] = {};
     std::vector<std::uint8_t> bytes;
     bytes.reserve(samples.size());
     for (const float sample : samples) {
-        // Perfect silence stays silent: the errors of a sound that has ended are forgotten.
-        if (sample == 0)
-            error[0] = error[1] = 0;
-        const double wanted
-            = 127.0 * static_cast<double>(sample) - first * error[0] - second * error[1];
-        const double value = std::clamp(std::round(wanted), -127.0, 127.0);
-        error[1] = error[0];
-        error[0] = std::clamp(value - wanted, -1.0, 1.0);
-        bytes.push_back(static_cast<std::uint8_t>(silence + static_cast<int>(value)));
+        const long value = std::lround(127 * std::clamp(sample, -1.0f, 1.0f));
+        bytes.push_back(static_cast<std::uint8_t>(silence + value));
     }
     return bytes;
 }

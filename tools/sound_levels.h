@@ -8,13 +8,9 @@
 
 namespace kez::tools {
 
-enum class Rounding {
-    Nearest,
-    Shaped, ///< Pushes the rounding noise up to where the ear is dull; for quiet music.
-};
-
-/// −1 … 1 becomes 1 … 255 with silence at 128; what lies beyond is clipped.
-std::vector<std::uint8_t> toBytes(std::span<const float> samples, Rounding rounding);
+/// −1 … 1 becomes 1 … 255 with silence at 128; what lies beyond is clipped. Rounded to the nearest:
+/// dither and shaped noise measured louder, and they cost the delta code its exactness.
+std::vector<std::uint8_t> toBytes(std::span<const float> samples);
 
 /// Power of the sound over the power of what differs, in decibels; infinite when nothing does. Both
 /// of the same length.
