@@ -5,6 +5,8 @@ packages_run=(
     build-essential cmake ninja-build pkg-config ccache python3
     libsdl2-dev libopenal-dev libfreetype-dev libfontconfig-dev fonts-dejavu-core
     libjpeg62-turbo-dev libpng-dev libcli11-dev librsvg2-bin
+    libsndfile1-dev libsamplerate0-dev festival festlex-cmu festlex-poslex festvox-us-slt-hts
+    espeak-ng sox
 )
 packages_test=(
     libgtest-dev libgmock-dev clang-format clang-tidy git xvfb
@@ -13,7 +15,7 @@ packages_windows=(
     g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev nasm bubblewrap xvfb
 )
 packages_bench=(
-    libbenchmark-dev libpixman-1-dev libsdl2-image-dev liblz4-dev
+    libbenchmark-dev libpixman-1-dev libsdl2-image-dev liblz4-dev libyuv-dev
 )
 packages_fuzz=(
     clang libclang-rt-14-dev
