@@ -54,7 +54,8 @@ std::shared_ptr<PictureSource> makeSource(std::string_view name, std::string& pr
 
 SerialCamera& theCamera()
 {
-    // Never destroyed: at the program's end the host closes it, and its worker may still talk to it.
+    // Never destroyed: at the program's end the host closes it, and its worker may still talk to
+    // it.
     static SerialCamera& only = *new SerialCamera;
     // A host that chooses no source finds a camera with the demo pictures, if there are any.
     static const bool hasDefault = [] {

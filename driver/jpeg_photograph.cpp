@@ -50,16 +50,9 @@ Decoder& decoderOf(j_decompress_ptr info)
 
 const char* describe(int code)
 {
-    switch (code) {
-    case JERR_OUT_OF_MEMORY:
-    case JERR_NO_BACKING_STORE:
-        return "needs more memory than there is for it";
-    case JERR_INPUT_EMPTY:
-    case JERR_INPUT_EOF:
-        return "ends too early";
-    default:
-        return "is damaged, or of a kind of JPEG that cannot be read";
-    }
+    return code == JERR_OUT_OF_MEMORY || code == JERR_NO_BACKING_STORE
+        ? "needs more memory than there is for it"
+        : "is damaged, or of a kind of JPEG that cannot be read";
 }
 
 [[noreturn]] void giveUp(Decoder& decoder, const char* problem)
@@ -70,7 +63,8 @@ const char* describe(int code)
 
 void onError(j_common_ptr info)
 {
-    giveUp(decoderOf(info), describe(info->err->msg_code));
+    Decoder& decoder = decoderOf(info);
+    giveUp(decoder, decoder.atEnd ? "ends too early" : describe(info->err->msg_code));
 }
 
 void onMessage(j_common_ptr info, int level)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "enlarge.h"
 #include "qxdcdll.h"
-#include "sensor.h"
+#include "raw_form.h"
 #include "the_camera.h"
 
 #include <cstring>
@@ -70,9 +71,10 @@ uint32_t MviColourizeImage(unsigned char* raw, unsigned char* picture)
 {
     if (raw == nullptr || picture == nullptr)
         return MVI_NULL_POINTER;
-    kez::driver::colourize(std::span<const unsigned char, MVI_RAW_BYTES>(raw, MVI_RAW_BYTES),
-        std::span<unsigned char, MVI_PICTURE_BYTES>(picture, MVI_PICTURE_BYTES));
-    return MVI_OK;
+    const bool developed
+        = kez::driver::colourize(std::span<const unsigned char, MVI_RAW_BYTES>(raw, MVI_RAW_BYTES),
+            std::span<unsigned char, MVI_PICTURE_BYTES>(picture, MVI_PICTURE_BYTES));
+    return developed ? MVI_OK : MVI_IMAGE_COLOUR_FAIL;
 }
 
 uint32_t MviEnlargeImage(unsigned char* picture, unsigned char* destination)

@@ -85,7 +85,8 @@ QXDC_API uint32_t MviBeginUploadImage(int* lineCount, int* lineBytes);
 QXDC_API uint32_t MviUploadImageLine(unsigned char* line, int lineBytes);
 QXDC_API uint32_t MviUploadImageInfo(MVIGRABINFO* info);
 
-/* From MVI_RAW_BYTES of raw lines to MVI_PICTURE_BYTES; from those to MVI_ENLARGED_BYTES. */
+/* From MVI_RAW_BYTES of raw lines to MVI_PICTURE_BYTES (MVI_IMAGE_COLOUR_FAIL when the lines are
+ * not what the camera sent); from those to MVI_ENLARGED_BYTES. */
 QXDC_API uint32_t MviColourizeImage(unsigned char* raw, unsigned char* picture);
 QXDC_API uint32_t MviEnlargeImage(unsigned char* picture, unsigned char* destination);
 

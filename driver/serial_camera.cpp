@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "serial_camera.h"
 
-#include "sensor.h"
+#include "raw_form.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sensor.h"
+#include "raw_form.h"
 #include "serial_camera.h"
 
 #include <algorithm>

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "camera_memory.h"
+
+#include <gtest/gtest.h>
+
+namespace kez::driver {
+namespace {
+
+/// A memory whose pictures bear a number each.
+struct Numbered {
+    CameraMemory memory;
+    int taken = 0;
+
+    void take()
+    {
+        RawPicture raw {};
+        raw[0] = static_cast<std::uint8_t>(++taken);
+        memory.take(std::make_shared<const RawPicture>(raw));
+    }
+
+    int fetch(int place)
+    {
+        memory.moveCounter(place);
+        EXPECT_EQ(memory.readCounter(), place);
+        memory.markFetched(place);
+        const RawPointer raw = memory.at(place);
+        return raw == nullptr ? 0 : (*raw)[0];
+    }
+
+    void moveTo(int place)
+    {
+        memory.moveCounter(place);
+        EXPECT_EQ(memory.readCounter(), place);
+    }
+};
+
+TEST(CameraMemory, countsAndFillsUp)
+{
+    Numbered camera;
+    EXPECT_EQ(camera.memory.readCounter(), 0);
+    for (int i = 1; i <= 6; ++i) {
+        EXPECT_FALSE(camera.memory.isFull());
+        camera.take();
+        EXPECT_EQ(camera.memory.readCounter(), i);
+    }
+    EXPECT_TRUE(camera.memory.isFull());
+}
+
+TEST(CameraMemory, aPictureTakenWhileTheHostFetchesIsCountedAfterwards)
+{
+    Numbered camera;
+    camera.take();
+    camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 2);
+    camera.moveTo(0);
+    EXPECT_EQ(camera.fetch(0), 1);
+    camera.take();
+    EXPECT_EQ(camera.fetch(1), 2);
+    camera.take();
+    camera.moveTo(0);
+    EXPECT_EQ(camera.memory.readCounter(), 2);
+    EXPECT_EQ(camera.fetch(0), 3);
+    EXPECT_EQ(camera.fetch(1), 4);
+    camera.moveTo(0);
+    EXPECT_EQ(camera.memory.readCounter(), 0);
+}
+
+TEST(CameraMemory, aPictureBetweenTheReadingAndTheFirstMoveIsCountedAfterwards)
+{
+    Numbered camera;
+    camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 1);
+    camera.take(); // the host knows of one
+    camera.moveTo(0);
+    EXPECT_EQ(camera.fetch(0), 1);
+    camera.moveTo(0);
+    EXPECT_EQ(camera.memory.readCounter(), 1);
+    EXPECT_EQ(camera.fetch(0), 2);
+}
+
+TEST(CameraMemory, erasingKeepsWhatTheHostWasNotToldOf)
+{
+    Numbered camera;
+    camera.take();
+    camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 2);
+    camera.take();
+    camera.moveTo(0);
+    EXPECT_EQ(camera.memory.readCounter(), 1);
+    EXPECT_EQ(camera.fetch(0), 3);
+}
+
+TEST(CameraMemory, fetchingAllSixPlacesGivesWhatLiesInThem)
+{
+    Numbered camera;
+    camera.take();
+    camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 2);
+    camera.moveTo(6);
+    EXPECT_FALSE(camera.memory.isFull()); // 6 is only the host's word
+    camera.moveTo(0);
+    const int expected[] = { 1, 2, 0, 0, 0, 0 };
+    for (int place = 0; place < 6; ++place)
+        EXPECT_EQ(camera.fetch(place), expected[place]);
+    camera.take();
+    camera.moveTo(0);
+    EXPECT_EQ(camera.memory.readCounter(), 1);
+    EXPECT_EQ(camera.fetch(0), 3);
+    EXPECT_EQ(camera.fetch(1), 2);
+}
+
+TEST(CameraMemory, aHostThatHangsUpFindsTheRestAtItsReturn)
+{
+    Numbered camera;
+    for (int i = 0; i < 3; ++i)
+        camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 3);
+    camera.moveTo(0);
+    EXPECT_EQ(camera.fetch(0), 1);
+    camera.take();
+    camera.memory.hangUp();
+    EXPECT_EQ(camera.memory.readCounter(), 3);
+    EXPECT_EQ(camera.fetch(0), 2);
+    EXPECT_EQ(camera.fetch(1), 3);
+    EXPECT_EQ(camera.fetch(2), 4);
+    camera.memory.hangUp();
+    EXPECT_EQ(camera.memory.readCounter(), 0);
+}
+
+TEST(CameraMemory, neverHoldsMoreThanSixThatWait)
+{
+    Numbered camera;
+    for (int i = 0; i < 4; ++i)
+        camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 4);
+    camera.moveTo(0);
+    camera.take();
+    camera.take();
+    EXPECT_TRUE(camera.memory.isFull());
+    EXPECT_EQ(camera.fetch(0), 1);
+    EXPECT_EQ(camera.memory.room(), 1);
+    camera.take();
+    EXPECT_TRUE(camera.memory.isFull());
+}
+
+TEST(CameraMemory, aPictureByTheHostsCommandLiesAtTheCounterAtOnce)
+{
+    Numbered camera;
+    camera.take(); // unreported
+    camera.moveTo(0);
+    camera.memory.takeAtCounter(std::make_shared<const RawPicture>(RawPicture { 99 }));
+    EXPECT_EQ((*camera.memory.at(0))[0], 99);
+    EXPECT_EQ(camera.memory.readCounter(), 2);
+    EXPECT_EQ(camera.fetch(0), 99);
+    EXPECT_EQ(camera.fetch(1), 1);
+}
+
+} // namespace
+} // namespace kez::driver
