@@ -45,6 +45,23 @@ std::string labelOf(const HandedBack& handedBack)
         + std::to_string(handedBack.picture.height);
 }
 
+// Paths may be longer than a line; lines are broken only between words.
+std::string withShortWords(const std::string& text)
+{
+    constexpr int longestWord = 32;
+    std::string result;
+    int length = 0;
+    for (const char character : text) {
+        length = character == ' ' || character == '\n' ? 0 : length + 1;
+        if (length > longestWord) {
+            result += '\n';
+            length = 1;
+        }
+        result += character;
+    }
+    return result;
+}
+
 bool contains(const RECT& area, int x, int y)
 {
     return x >= area.left && x < area.right && y >= area.top && y < area.bottom;
@@ -100,6 +117,11 @@ Desk::Desk(const std::string& artwork)
     std::ranges::transform(buttons, lit_.begin(), [&](const Button& button) {
         return readPng(artwork + "\\" + button.sheet).value_or(Picture {});
     });
+}
+
+void Desk::setNotes(const std::string& notes)
+{
+    notes_ = withShortWords(notes);
 }
 
 bool Desk::point(int x, int y)

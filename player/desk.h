@@ -32,7 +32,7 @@ public:
     void lay(HandedBack handedBack) { handedBack_ = std::move(handedBack); }
 
     /// What is missing, for a grown-up to read: shown in the frame while there is no picture.
-    void setNotes(std::string notes) { notes_ = std::move(notes); }
+    void setNotes(const std::string& notes);
 
     /// Lights the button under the pointer, if any; true when that changes the desk.
     bool point(int x, int y);
