@@ -111,7 +111,8 @@ TEST(Resample, agreesWithThePlainRuleAtEverySize)
                     ASSERT_EQ(resampled(source, sw, sh, dw, dh), plainRule(source, sw, sh, dw, dh))
                         << sw << " x " << sh << " to " << dw << " x " << dh;
                 }
-    for (const auto& [sw, sh] : { std::pair(160, 120), std::pair(250, 188), std::pair(317, 240) }) {
+    for (const auto& [sw, sh] : { std::pair(160, 120), std::pair(250, 188), std::pair(317, 240),
+             std::pair(640, 480), std::pair(811, 602) }) {
         const Picture source = noise(sw, sh, 7);
         ASSERT_EQ(resampled(source, sw, sh, 320, 240), plainRule(source, sw, sh, 320, 240)) << sw;
     }
