@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "display.h"
 
+#include "gdi_text.h"
 #include "host_window.h"
 #include "surface_pixels.h"
 
@@ -23,6 +24,25 @@ DDPIXELFORMAT formatOfDepth(int bits)
     format.dwGBitMask = masks[1];
     format.dwBBitMask = masks[2];
     return format;
+}
+
+constexpr RECT wholePicture { 0, 0, HostWindow::width, HostWindow::height };
+
+// At the top, where it covers no button and no cell.
+constexpr RECT captionStrip { 0, 0, HostWindow::width, 42 };
+constexpr COLORREF captionPaper = RGB(20, 24, 40);
+constexpr TextLook captionLook { 16, FW_BOLD, RGB(255, 255, 255), DT_CENTER | DT_WORDBREAK };
+
+void writeCaption(HDC context, const std::string& text)
+{
+    const HBRUSH paper = CreateSolidBrush(captionPaper);
+    FillRect(context, &captionStrip, paper);
+    DeleteObject(paper);
+    RECT inside = captionStrip;
+    inside.left += 6;
+    inside.right -= 6;
+    inside.top += 1;
+    writeText(context, inside, text, captionLook);
 }
 
 DWORD levelFor(DisplayPlace place)
@@ -99,12 +119,39 @@ ComPointer<IDirectDrawSurface> Display::makePaper() const
 
 void Display::show(const Picture& picture)
 {
-    RECT whole { 0, 0, HostWindow::width, HostWindow::height };
-    if (!writeSurface(*secondary_, picture))
-        return;
-    if (primary_->BltFast(0, 0, secondary_.get(), &whole, DDBLTFAST_WAIT) == DDERR_SURFACELOST
+    if (writeSurface(*secondary_, picture))
+        bringToScreen(*secondary_);
+}
+
+void Display::bringToScreen(IDirectDrawSurface& surface)
+{
+    RECT whole = wholePicture;
+    if (primary_->BltFast(0, 0, &surface, &whole, DDBLTFAST_WAIT) == DDERR_SURFACELOST
         && primary_->Restore() == DD_OK)
-        primary_->BltFast(0, 0, secondary_.get(), &whole, DDBLTFAST_WAIT);
+        primary_->BltFast(0, 0, &surface, &whole, DDBLTFAST_WAIT);
+}
+
+bool Display::makeStage()
+{
+    captioned_ = makeOffScreen(bitsPerPixel_);
+    if (captioned_ != nullptr)
+        stage_ = makeOffScreen(bitsPerPixel_);
+    return stage_ != nullptr;
+}
+
+void Display::showStage(const std::string& caption)
+{
+    if (stage_ == nullptr)
+        return;
+    RECT whole = wholePicture;
+    if (caption.empty() || captioned_->BltFast(0, 0, stage_.get(), &whole, DDBLTFAST_WAIT) != DD_OK)
+        return bringToScreen(*stage_);
+    HDC context = nullptr;
+    if (captioned_->GetDC(&context) == DD_OK) {
+        writeCaption(context, caption);
+        captioned_->ReleaseDC(context);
+    }
+    bringToScreen(*captioned_);
 }
 
 std::optional<Picture> Display::shown() const

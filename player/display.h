@@ -2,25 +2,17 @@
 /// The DirectDraw objects that the player owns and lends to the module.
 #pragma once
 
+#include "com_pointer.h"
 #include "picture.h"
 
 #include <windows.h>
 
 #include <ddraw.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 
 namespace kez::player {
-
-/// Releases a COM object when its owner goes.
-struct ComRelease {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-
-template <class Interface>
-using ComPointer = std::unique_ptr<Interface, ComRelease>;
 
 /// Where the picture is to be seen.
 enum class DisplayPlace { FullScreen, InWindow, OffScreen };
@@ -39,11 +31,19 @@ public:
 
     [[nodiscard]] IDirectDraw* directDraw() const { return directDraw_.get(); }
 
-    [[nodiscard]] IDirectDrawSurface* primary() const { return primary_.get(); }
+    /// What the module draws on: the screen, or the stage below the captions.
+    [[nodiscard]] IDirectDrawSurface* primary() const
+    {
+        return stage_ != nullptr ? stage_.get() : primary_.get();
+    }
 
     [[nodiscard]] IDirectDrawSurface* secondary() const { return secondary_.get(); }
 
     [[nodiscard]] int bitsPerPixel() const { return bitsPerPixel_; }
+
+    /// From now on the module draws off the screen, and `showStage` brings its picture there.
+    bool makeStage();
+    void showStage(const std::string& caption); ///< With a line of text over it, unless empty.
 
     /// Brings a picture of 640 × 480 pixels to the primary surface.
     void show(const Picture& picture);
@@ -58,12 +58,15 @@ private:
     bool setMode();
     [[nodiscard]] ComPointer<IDirectDrawSurface> makePrimary() const;
     [[nodiscard]] ComPointer<IDirectDrawSurface> makeOffScreen(int bits) const;
+    void bringToScreen(IDirectDrawSurface& surface);
 
     int bitsPerPixel_;
     std::string problem_;
     ComPointer<IDirectDraw> directDraw_;
     ComPointer<IDirectDrawSurface> primary_;
     ComPointer<IDirectDrawSurface> secondary_;
+    ComPointer<IDirectDrawSurface> stage_; // With captions only, and so is the next.
+    ComPointer<IDirectDrawSurface> captioned_;
 };
 
 } // namespace kez::player

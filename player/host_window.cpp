@@ -31,6 +31,7 @@ bool show(HWND window)
 
 HostWindow::HostWindow(WindowClient& client, WindowShown shown)
     : client_(client)
+    , clipMessage_(RegisterWindowMessageA("KezGuideClip"))
 {
     if (current != nullptr || !registerClass(procedure))
         return;
@@ -82,6 +83,10 @@ LRESULT CALLBACK HostWindow::procedure(HWND window, UINT message, WPARAM word, L
 // True when nothing more is to be done about the message.
 bool HostWindow::handle(UINT message, WPARAM word, LPARAM detail)
 {
+    if (message == clipMessage_ && message != 0) {
+        client_.guideSpeaks(static_cast<int>(word), static_cast<DWORD>(detail));
+        return true;
+    }
     const int x = static_cast<SHORT>(LOWORD(detail));
     const int y = static_cast<SHORT>(HIWORD(detail));
     switch (message) {

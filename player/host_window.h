@@ -14,6 +14,9 @@ public:
     virtual void keyPressed(int virtualKey) = 0;
     virtual void needsDrawing() = 0; ///< What was on the screen may be gone.
 
+    /// A clip of the guide has started (0: the guide was silenced); 0 ms when it is not heard.
+    virtual void guideSpeaks(int clip, DWORD durationMs) = 0;
+
 protected:
     ~WindowClient() = default;
 };
@@ -51,6 +54,7 @@ private:
     bool handle(UINT message, WPARAM word, LPARAM detail);
 
     WindowClient& client_;
+    UINT clipMessage_;
     HWND window_ = nullptr;
     bool isThere_ = false;
     bool closing_ = false;

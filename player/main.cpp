@@ -32,7 +32,7 @@ Options defaults()
 Places placesOf(const Options& options)
 {
     Places places { whole(options.data), whole(options.content), whole(options.handedBack),
-        fs::current_path().string(), options.camera };
+        whole(options.log), fs::current_path().string(), options.camera };
     if (options.camera.starts_with(folderPrefix))
         places.camera
             = std::string(folderPrefix) + whole(options.camera.substr(folderPrefix.size()));

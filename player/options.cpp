@@ -53,6 +53,9 @@ void addActivity(CLI::App& app, Options& options)
         "--no-song", [&] { options.song = false; }, "Leave out the song");
     app.add_flag_callback(
         "--no-intro", [&] { options.intro = false; }, "Leave out the guide's introduction");
+    app.add_option("--language", options.language, "The guide's language")
+        ->option_text("CODE [" + options.language + "]");
+    app.add_flag("--captions", options.captions, "Show in writing what the guide says");
 }
 
 void addDisplay(CLI::App& app, Options& options)
@@ -70,6 +73,8 @@ void addVisits(CLI::App& app, Options& options)
         ->type_name("FILE");
     app.add_option(
            "--handed-back", options.handedBack, "Write the handed-back picture to a PNG file")
+        ->type_name("FILE");
+    app.add_option("--log", options.log, "Write down what the guide says, and when")
         ->type_name("FILE");
     app.add_option("--content", options.content, "The directory that holds data and audio")
         ->type_name("DIR");

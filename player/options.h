@@ -22,10 +22,13 @@ struct Options {
     int diskBudget = 64 << 20; ///< Bytes that one run may add to the disk.
     bool song = true;
     bool intro = true;
+    bool captions = false;
+    std::string language = "en"; ///< Of the guide; another than English has a folder of its own.
     bool fullScreen = false;
     bool verbose = false;
     bool headless = false;
     std::string visit; ///< A file of steps, or empty.
+    std::string log; ///< Where the guide's clips are written down, or empty.
     std::string handedBack; ///< Where the handed-back picture is written as PNG, or empty.
 };
 

@@ -6,6 +6,7 @@
 #include "start_checks.h"
 
 #include "host/kez.h"
+#include "platform/files.h"
 
 #include <mmsystem.h>
 
@@ -21,11 +22,10 @@ constexpr DWORD deskPauseMs = 15;
 // The module between `initialize` and `release`.
 class OpenModule {
 public:
-    OpenModule(HWND window, const Display& display, const std::string& data)
+    OpenModule(HWND window, IDirectSound* sound, const Display& display, const std::string& data)
     {
-        Kez::initialize(window, nullptr, display.directDraw(), display.primary(),
-            display.secondary(), display.bitsPerPixel(), data.c_str(), selectedFrame, labelText,
-            emptyCell, bookFrame);
+        Kez::initialize(window, sound, display.directDraw(), display.primary(), display.secondary(),
+            display.bitsPerPixel(), data.c_str(), selectedFrame, labelText, emptyCell, bookFrame);
         Kez::initializeCamera();
         Kez::open();
     }
@@ -86,7 +86,8 @@ ExitCode Player::play()
 {
     if (!prepare())
         return ExitCode::CouldNotStart;
-    const OpenModule module(window_->handle(), *display_, places_.data);
+    const OpenModule module(window_->handle(), sound_.get(), *display_, places_.data);
+    enterVoices();
     const std::string notes = startNotes();
     std::cerr << notes;
     desk_->setNotes(notes);
@@ -119,7 +120,51 @@ bool Player::prepare()
         return complain("The display does not serve: " + display_->problem() + ".");
     paper_ = display_->makePaper();
     desk_ = std::make_unique<Desk>("data");
-    return true;
+    // Without a window nobody listens, and a visit's clock is not the sound's.
+    if (!options_.headless)
+        sound_ = makeSoundOutput(window_->handle());
+    return prepareGuide();
+}
+
+// The language's voice, captions and log.
+bool Player::prepareGuide()
+{
+    const std::string voices = voiceDirectory(places_.content, options_.language);
+    if (options_.language != "en" && !files::isDirectory(voices + "/audio"))
+        return complain("The guide does not speak \"" + options_.language + "\": " + voices
+            + "/audio is not there.");
+    if (options_.captions) {
+        captions_.read(voices + "/audio/captions.txt");
+        if (captions_.empty())
+            return complain(voices
+                + "/audio/captions.txt holds no captions. Build the content "
+                  "(./run does), or start without --captions.");
+        if (!display_->makeStage())
+            return complain("There is no memory for captions; start without --captions.");
+    }
+    if (places_.log.empty())
+        return true;
+    log_.open(places_.log);
+    return log_ ? true : complain(places_.log + " cannot be written.");
+}
+
+// The archive has been read; from now on the module looks for nothing but sounds.
+void Player::enterVoices()
+{
+    std::error_code ignored; // prepareGuide has seen it
+    std::filesystem::current_path(voiceDirectory(places_.content, options_.language), ignored);
+}
+
+void Player::note(const std::string& event)
+{
+    if (log_.is_open())
+        log_ << timeGetTime() << ' ' << event << std::endl;
+}
+
+void Player::guideSpeaks(int clip, DWORD durationMs)
+{
+    note("guide " + std::to_string(clip));
+    captions_.say(clip, durationMs, timeGetTime());
 }
 
 // A line for each thing that is wrong but bearable.
@@ -150,6 +195,7 @@ void Player::pass()
 {
     if (runs_) {
         runs_ = Kez::process() && !Kez::exit;
+        display_->showStage(captions_.text(timeGetTime()));
         if (!runs_)
             endRun();
         // The module paces itself by the time between frames, and on a visit's clock a pass takes
@@ -178,10 +224,12 @@ void Player::startRun(Activity activity)
     Kez::run(activity == Activity::Camera ? Kez::camera : Kez::book, options_.diskBudget,
         options_.song, options_.intro);
     runs_ = true;
+    note(activity == Activity::Camera ? "run camera" : "run book");
 }
 
 void Player::endRun()
 {
+    note("exit");
     HandedBack handedBack = takeHandedBack();
     if (!places_.handedBack.empty() && !handedBack.picture.empty()
         && !writePng(places_.handedBack, handedBack.picture))

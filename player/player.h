@@ -4,12 +4,15 @@
 #pragma once
 
 #include "camera_source.h"
+#include "captions.h"
 #include "desk.h"
 #include "display.h"
 #include "host_window.h"
 #include "options.h"
+#include "sound_output.h"
 #include "visit_player.h"
 
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +25,7 @@ struct Places {
     std::string data; ///< Where the pictures live.
     std::string content; ///< Holds `data` and `audio`; the module runs there.
     std::string handedBack; ///< A PNG file, or empty.
+    std::string log; ///< A text file, or empty.
     std::string shots; ///< Where a visit's screenshots go.
     std::string camera; ///< The camera's source; its folder is a whole path, too.
 };
@@ -39,6 +43,9 @@ public:
 
 private:
     bool prepare();
+    bool prepareGuide();
+    void enterVoices();
+    void note(const std::string& event);
     [[nodiscard]] std::string startNotes();
     bool complain(const std::string& text) const; // Always false.
 
@@ -54,6 +61,8 @@ private:
     void keyPressed(int virtualKey) override;
 
     void needsDrawing() override { deskIsStale_ = true; }
+
+    void guideSpeaks(int clip, DWORD durationMs) override;
 
     void movePointer(int x, int y) override;
     void sendMessage(UINT message, WPARAM word, LPARAM detail) override;
@@ -78,6 +87,9 @@ private:
     CameraSource camera_;
     std::unique_ptr<HostWindow> window_;
     std::unique_ptr<Display> display_;
+    ComPointer<IDirectSound> sound_;
+    Captions captions_;
+    std::ofstream log_;
     ComPointer<IDirectDrawSurface> paper_;
     std::unique_ptr<Desk> desk_;
     bool runs_ = false;

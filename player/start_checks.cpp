@@ -30,6 +30,11 @@ std::string missingContent(const std::string& content)
           "that holds data and audio with --content DIR.";
 }
 
+std::string voiceDirectory(const std::string& content, const std::string& language)
+{
+    return language == "en" ? content : content + "/languages/" + language;
+}
+
 std::string dataNote(const std::string& data)
 {
     std::error_code error;
