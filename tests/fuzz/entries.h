@@ -10,6 +10,7 @@
 namespace kez::fuzz {
 
 void feedArchive(std::span<const std::uint8_t> bytes);
+void feedBmpFile(std::span<const std::uint8_t> bytes);
 void feedDif1(std::span<const std::uint8_t> bytes);
 
 /// A sprite, its palette and its opacity plane, each record behind a u16 length.

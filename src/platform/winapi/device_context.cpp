@@ -27,8 +27,10 @@ DeviceContext::DeviceContext(Kind kindOf, Surface* drawnOn)
     , surface(drawnOn)
     , font(stock(SYSTEM_FONT))
     , brush(stock(WHITE_BRUSH))
+    , bitmap(&noBitmap())
     , backMode(OPAQUE)
 {
+    ++bitmap->selections;
     ++font->selections;
     ++brush->selections;
 }
@@ -37,13 +39,29 @@ DeviceContext::~DeviceContext()
 {
     --font->selections;
     --brush->selections;
+    --bitmap->selections;
 }
 
 PixelView DeviceContext::target()
 {
+    if (kind == Kind::Memory)
+        return std::get<Bitmap>(bitmap->what).view();
     Surface* drawnOn = kind == Kind::Window ? display().primary : surface;
     drawn = true;
     return drawnOn != nullptr && drawnOn->IsLost() == DD_OK ? drawnOn->view() : PixelView {};
+}
+
+GdiObject* DeviceContext::select(GdiObject& object)
+{
+    const bool isBitmap = std::holds_alternative<Bitmap>(object.what);
+    if (isBitmap && (kind != Kind::Memory || (object.selections != 0 && !object.stock)))
+        return nullptr;
+    GdiObject*& place = isBitmap                    ? bitmap
+        : std::holds_alternative<Font>(object.what) ? font
+                                                    : brush;
+    ++object.selections;
+    --place->selections;
+    return std::exchange(place, &object);
 }
 
 HandleTable<DeviceContext, HDC>& contexts()
@@ -143,12 +161,7 @@ HGDIOBJ WINAPI SelectObject(HDC handle, HGDIOBJ chosen)
 {
     DeviceContext* context = contexts().find(handle);
     GdiObject* object = gdiObjects().find(chosen);
-    if (context == nullptr || object == nullptr)
-        return nullptr;
-    GdiObject*& place = std::holds_alternative<Font>(object->what) ? context->font : context->brush;
-    ++object->selections;
-    --place->selections;
-    return std::exchange(place, object);
+    return context != nullptr && object != nullptr ? context->select(*object) : nullptr;
 }
 
 COLORREF WINAPI SetTextColor(HDC handle, COLORREF colour)

@@ -20,14 +20,19 @@ struct DeviceContext {
     Surface* surface; ///< Of a surface's context.
     GdiObject* font;
     GdiObject* brush;
+    GdiObject* bitmap; ///< Of a memory context; has no pixels until the program selects one.
     COLORREF textColour = 0;
     COLORREF backColour = 0xFFFFFF;
     int backMode; ///< OPAQUE or TRANSPARENT.
     POINT origin { 0, 0 };
     bool drawn = false; ///< Something has been drawn on the window.
 
-    /// The pixels to draw on: the surface's, the primary's for a window, none for memory.
+    /// The pixels to draw on: the surface's, the primary's for a window, the bitmap's for memory.
     [[nodiscard]] PixelView target();
+
+    /// Puts the object in the place of the one that was selected, which is returned. Null: a bitmap
+    /// that another context has, or for a context that is not of memory.
+    GdiObject* select(GdiObject& object);
 
     [[nodiscard]] Font& textFont() { return std::get<Font>(font->what); }
 };

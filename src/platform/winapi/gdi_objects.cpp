@@ -12,6 +12,8 @@ namespace {
 
 constexpr int fixedFontEm = 13; // Cells of 8 × 15 pixels.
 constexpr int interfaceFontEm = 11;
+// A stock object that programs meet only as what SelectObject gives back.
+constexpr int emptyBitmap = 21;
 
 std::unique_ptr<GdiObject> brushOf(Colour colour, bool paints = true)
 {
@@ -45,6 +47,8 @@ std::unique_ptr<GdiObject> makeStock(int index)
         return fontOf({ .height = -fixedFontEm, .weight = FW_BOLD, .face = {} });
     case DEFAULT_GUI_FONT:
         return fontOf({ .height = -interfaceFontEm, .face = {} });
+    case emptyBitmap:
+        return std::make_unique<GdiObject>(GdiObject { Bitmap() });
     default:
         return nullptr;
     }
@@ -62,6 +66,11 @@ int ownGdiObjects()
 {
     return static_cast<int>(std::ranges::count_if(
         gdiObjects(), [](const auto& entry) { return !entry.second->stock; }));
+}
+
+GdiObject& noBitmap()
+{
+    return *gdiObjects().find(GetStockObject(emptyBitmap));
 }
 
 GdiObject& systemFont()

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-/// Fonts and brushes behind their handles. A selected object cannot be deleted; stock objects
-/// never.
+/// Fonts, brushes and bitmaps behind their handles. A selected object cannot be deleted; stock
+/// objects never.
 #pragma once
 
+#include "bmp_decoder.h"
 #include "font.h"
 #include "handles.h"
 #include "pixel_format.h"
@@ -17,13 +18,14 @@ struct Brush {
 };
 
 struct GdiObject {
-    std::variant<Font, Brush> what;
+    std::variant<Font, Brush, Bitmap> what;
     bool stock = false;
     int selections = 0;
 };
 
 HandleTable<GdiObject, HGDIOBJ>& gdiObjects();
 [[nodiscard]] int ownGdiObjects(); ///< Those that programs made.
+[[nodiscard]] GdiObject& noBitmap(); ///< What every memory context starts with.
 [[nodiscard]] GdiObject& systemFont(); ///< What every device context starts with.
 
 } // namespace kez::winapi

@@ -19,6 +19,18 @@ struct Colour {
 
 class PixelFormat {
 public:
+    /// The place of one colour in a pixel.
+    struct Channel {
+        DWORD mask = 0;
+        int shift = 0;
+        int width = 0;
+
+        static std::optional<Channel> of(DWORD mask); ///< None for no bits, or for bits with a gap.
+        [[nodiscard]] DWORD pack(BYTE value) const;
+        [[nodiscard]] BYTE unpack(DWORD pixel) const;
+        friend bool operator==(const Channel&, const Channel&) = default;
+    };
+
     /// None when the description is not of plain colours in 16, 24 or 32 bits with three masks that
     /// are contiguous, not empty and do not overlap.
     static std::optional<PixelFormat> from(const DDPIXELFORMAT& description);
@@ -44,17 +56,6 @@ public:
     friend bool operator==(const PixelFormat&, const PixelFormat&) = default;
 
 private:
-    struct Channel {
-        DWORD mask = 0;
-        int shift = 0;
-        int width = 0;
-
-        static std::optional<Channel> of(DWORD mask);
-        [[nodiscard]] DWORD pack(BYTE value) const;
-        [[nodiscard]] BYTE unpack(DWORD pixel) const;
-        friend bool operator==(const Channel&, const Channel&) = default;
-    };
-
     DWORD bits_ = 32;
     DWORD alphaMask_ = 0;
     Channel red_, green_, blue_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-/// Device contexts, fonts and brushes. Text is antialiased. Only the low three bytes of a colour
-/// reference count. Handles that are not live are refused: the calls return 0, null or CLR_INVALID.
+/// Device contexts, fonts, brushes and bitmaps. Text is antialiased. Only the low three bytes of a
+/// colour reference count. Handles that are not live are refused: the calls return 0, null or
+/// CLR_INVALID.
 #pragma once
 
 #include "windef.h"
@@ -52,6 +53,8 @@ extern "C" {
 #define VARIABLE_PITCH 2
 #define FF_DONTCARE 0
 
+#define SRCCOPY 0x00CC0020u
+
 struct BITMAP {
     LONG bmType;
     LONG bmWidth;
@@ -64,12 +67,13 @@ struct BITMAP {
 
 using LPBITMAP = BITMAP*;
 
-HDC WINAPI CreateCompatibleDC(
-    HDC context); ///< Of memory: it measures; there is nothing to draw on.
+/// Of memory: it measures; there is nothing to draw on until a bitmap is selected.
+HDC WINAPI CreateCompatibleDC(HDC context);
 BOOL WINAPI DeleteDC(HDC context); ///< Of a memory context.
 int WINAPI GetDeviceCaps(HDC context, int index);
 HGDIOBJ WINAPI GetStockObject(int index);
-HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object); ///< A font or a brush; the former one.
+/// A font, a brush or, for one memory context at a time, a bitmap; returns the former one.
+HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object);
 BOOL WINAPI DeleteObject(HGDIOBJ object); ///< False while it is selected. True for stock objects.
 HBRUSH WINAPI CreateSolidBrush(COLORREF colour);
 
@@ -88,5 +92,12 @@ BOOL WINAPI SetViewportOrgEx(HDC context, int x, int y, LPPOINT previous);
 BOOL WINAPI GetViewportOrgEx(HDC context, LPPOINT origin);
 BOOL WINAPI GetTextExtentPoint32A(HDC context, LPCSTR text, int count, LPSIZE size);
 COLORREF WINAPI GetPixel(HDC context, int x, int y);
+
+/// Bitmaps only. The description tells how the pixels are held here, not how the file had them.
+int WINAPI GetObjectA(HGDIOBJ object, int size, LPVOID into);
+
+/// SRCCOPY only, between two places; by nearest neighbours. Sizes must be positive.
+BOOL WINAPI StretchBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
+    int sourceY, int sourceWidth, int sourceHeight, DWORD operation);
 
 } // extern "C"

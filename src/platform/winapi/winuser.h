@@ -291,13 +291,13 @@ int WINAPI DrawTextA(HDC context, LPCSTR text, int count, LPRECT area, UINT form
 BOOL WINAPI SetRect(LPRECT area, int left, int top, int right, int bottom);
 /// A message number from 0xC000 to 0xFFFF, the same for every use of a name; 0 on failure.
 UINT WINAPI RegisterWindowMessageA(LPCSTR name);
-/// Bitmaps from BMP files, with both flags: IMAGE_BITMAP, LR_LOADFROMFILE and LR_CREATEDIBSECTION.
-/// The path is the system's own. Programs have no bitmaps as resources here. The bitmap holds 24
-/// bits a pixel, whatever the file has; 0 for a side means the file's own.
+int WINAPI wsprintfA(LPSTR into, LPCSTR format, ...); ///< At most 1023 characters.
+
+/// Bitmaps from BMP files only: IMAGE_BITMAP with LR_LOADFROMFILE and LR_CREATEDIBSECTION, the path
+/// as the system writes it. (A program has no bitmaps as resources here.) The bitmap holds 24 bits
+/// a pixel, whatever the file has; 0 for a side means the file's own.
 HANDLE WINAPI LoadImageA(
     HINSTANCE instance, LPCSTR name, UINT type, int width, int height, UINT flags);
-
-int WINAPI wsprintfA(LPSTR into, LPCSTR format, ...); ///< At most 1023 characters.
 
 /// In a box over the shown window; on standard error where nothing is shown.
 int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type);

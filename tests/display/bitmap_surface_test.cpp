@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "display/bitmap_surface.h"
+
+#include "display/screen.h"
+#include "platform/bmp_bytes.h"
+#include "platform/temporary_folder.h"
+#include "support/debug_output.h"
+#include "support/display.h"
+
+#include <gtest/gtest.h>
+
+using namespace kez;
+using namespace kez::test;
+
+namespace {
+
+class BitmapSurfaces : public testing::Test {
+protected:
+    BitmapSurfaces()
+    {
+        screen().attach(display.directDraw, display.primary, display.secondary, 32);
+    }
+
+    ~BitmapSurfaces() override { screen().detach(); }
+
+    std::string put(const BmpBytes& bmp) const
+    {
+        const auto bytes = bmp.file();
+        folder.put("A Picture.BMP", std::string(bytes.begin(), bytes.end()));
+        return folder.path() + "\\a picture.bmp";
+    }
+
+    const BmpBytes twoRows {
+        .width = 2, .height = 2, .pixels = { 1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0 }
+    };
+    TemporaryFolder folder;
+    Display display { 32 };
+    DebugOutput output;
+};
+
+TEST_F(BitmapSurfaces, holdTheBitmapInItsOwnSizeOrAnother)
+{
+    BITMAP description = {};
+    IDirectDrawSurface* surface = loadBitmapSurface(put(twoRows).c_str(), 0, 0, &description);
+    ASSERT_NE(surface, nullptr);
+    EXPECT_EQ(description.bmWidth, 2);
+    EXPECT_EQ(description.bmHeight, 2);
+    EXPECT_EQ(pixelAt(*surface, 0, 0), 0x090807u);
+    EXPECT_EQ(pixelAt(*surface, 1, 0), 0x0C0B0Au);
+    EXPECT_EQ(pixelAt(*surface, 1, 1), 0x060504u);
+    surface->Release();
+
+    surface = loadBitmapSurface(put(twoRows).c_str(), 4, 2, nullptr);
+    ASSERT_NE(surface, nullptr);
+    EXPECT_EQ(pixelAt(*surface, 3, 1), 0x060504u);
+    surface->Release();
+}
+
+TEST_F(BitmapSurfaces, areRefusedWithTheBitmapsName)
+{
+    const std::string cut = put({ .width = 100, .height = 100, .pixels = { 1 } });
+    EXPECT_EQ(loadBitmapSurface(cut.c_str(), 0, 0, nullptr), nullptr);
+    EXPECT_NE(output.text().find("a picture.bmp"), std::string::npos);
+    EXPECT_EQ(loadBitmapSurface((folder / "none.bmp").c_str(), 0, 0, nullptr), nullptr);
+    EXPECT_EQ(loadBitmapSurface("a?b", 0, 0, nullptr), nullptr);
+    EXPECT_EQ(loadBitmapSurface(nullptr, 0, 0, nullptr), nullptr);
+    const std::string sound = put(twoRows);
+    screen().detach();
+    EXPECT_EQ(loadBitmapSurface(sound.c_str(), 0, 0, nullptr), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "media/jpeg_file.h"
+
+#include "fuzz/mutations.h"
+#include "media/diagnostics_log.h"
+#include "platform/files.h"
+#include "platform/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <jpeglib.h>
+#include <sys/stat.h>
+
+using namespace kez;
+using namespace kez::test;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// The library by itself, as a measure of ours. Pixels are red, green, blue from the top.
+struct PlainJpeg {
+    int components = 3;
+    J_COLOR_SPACE colours = JCS_RGB;
+    bool isProgressive = false;
+    int orientation = 0; ///< 0: no EXIF block.
+
+    [[nodiscard]] std::string file(const Bytes& pixels, int width, int height) const
+    {
+        jpeg_compress_struct info {};
+        jpeg_error_mgr errors {};
+        unsigned char* bytes = nullptr;
+        unsigned long size = 0;
+        info.err = jpeg_std_error(&errors);
+        jpeg_create_compress(&info);
+        jpeg_mem_dest(&info, &bytes, &size);
+        info.image_width = static_cast<JDIMENSION>(width);
+        info.image_height = static_cast<JDIMENSION>(height);
+        info.input_components = components;
+        info.in_color_space = colours;
+        jpeg_set_defaults(&info);
+        if (isProgressive)
+            jpeg_simple_progression(&info);
+        jpeg_start_compress(&info, TRUE);
+        if (orientation != 0) {
+            const auto value = static_cast<std::uint8_t>(orientation);
+            const std::uint8_t exif[] = { 'E', 'x', 'i', 'f', 0, 0, 'I', 'I', 42, 0, 8, 0, 0, 0, 1,
+                0, 0x12, 1, 3, 0, 1, 0, 0, 0, value, 0, 0, 0 };
+            jpeg_write_marker(&info, JPEG_APP0 + 1, exif, sizeof exif);
+        }
+        while (info.next_scanline < info.image_height) {
+            auto* row = const_cast<JSAMPROW>(
+                pixels.data() + info.next_scanline * info.image_width * info.input_components);
+            jpeg_write_scanlines(&info, &row, 1);
+        }
+        jpeg_finish_compress(&info);
+        jpeg_destroy_compress(&info);
+        std::string text(reinterpret_cast<char*>(bytes), size);
+        std::free(bytes);
+        return text;
+    }
+};
+
+Bytes decodedByLibrary(const std::string& file)
+{
+    jpeg_decompress_struct info {};
+    jpeg_error_mgr errors {};
+    info.err = jpeg_std_error(&errors);
+    jpeg_create_decompress(&info);
+    jpeg_mem_src(&info, reinterpret_cast<const unsigned char*>(file.data()),
+        static_cast<unsigned long>(file.size()));
+    jpeg_read_header(&info, TRUE);
+    jpeg_start_decompress(&info);
+    const std::size_t rowBytes = std::size_t { info.output_width } * 3;
+    Bytes pixels(rowBytes * info.output_height);
+    while (info.output_scanline < info.output_height) {
+        JSAMPROW row = &pixels[info.output_scanline * rowBytes];
+        jpeg_read_scanlines(&info, &row, 1);
+    }
+    jpeg_finish_decompress(&info);
+    jpeg_destroy_decompress(&info);
+    return pixels;
+}
+
+// From ours to the library's form and back.
+Bytes exchanged(const Bytes& pixels, int width, int height)
+{
+    Bytes other;
+    for (int y = height; y-- > 0;)
+        for (int x = 0; x < width; ++x)
+            for (const int channel : { 2, 1, 0 })
+                other.push_back(pixels[static_cast<std::size_t>(3 * (y * width + x) + channel)]);
+    return other;
+}
+
+class JpegFiles : public testing::Test {
+protected:
+    ~JpegFiles() override { freeJpegPixels(); }
+
+    static Bytes makePicture()
+    {
+        Bytes pixels;
+        for (int i = 0; i < width * height; ++i)
+            for (const int factor : { 5, 2, 3 })
+                pixels.push_back(static_cast<std::uint8_t>(i % width * factor + i / width * 4));
+        return pixels;
+    }
+
+    bool reads(const std::string& bytes)
+    {
+        folder.put("a.jpg", bytes);
+        const bool read = readJpeg((folder / "a.jpg").c_str(), &readWidth, &readHeight) != nullptr;
+        freeJpegPixels();
+        return read;
+    }
+
+    static constexpr int width = 47;
+    static constexpr int height = 33;
+    const Bytes picture = makePicture();
+    const Bytes fromTop = exchanged(picture, width, height);
+    TemporaryFolder folder;
+    int readWidth = 0;
+    int readHeight = 0;
+};
+
+TEST_F(JpegFiles, holdExactlyWhatTheLibraryMakesByItself)
+{
+    ASSERT_EQ(writeJpeg((folder / "a.jpg").c_str(), picture.data(), width, height), 1);
+    EXPECT_EQ(folder.get("a.jpg"), PlainJpeg().file(fromTop, width, height));
+}
+
+TEST_F(JpegFiles, areReadAsTheLibraryReadsThem)
+{
+    for (const bool isProgressive : { false, true }) {
+        const std::string file
+            = PlainJpeg { .isProgressive = isProgressive }.file(fromTop, width, height);
+        folder.put("a.jpg", file);
+        const std::uint8_t* read = readJpeg((folder / "a.jpg").c_str(), &readWidth, &readHeight);
+        ASSERT_NE(read, nullptr);
+        EXPECT_EQ(readWidth, width);
+        EXPECT_EQ(readHeight, height);
+        EXPECT_EQ(
+            exchanged(Bytes(read, read + picture.size()), width, height), decodedByLibrary(file));
+        freeJpegPixels();
+    }
+}
+
+TEST_F(JpegFiles, tellHowTheCameraWasHeld)
+{
+    ASSERT_TRUE(reads(PlainJpeg { .orientation = 6 }.file(fromTop, width, height)));
+    EXPECT_EQ(lastJpegOrientation(), 6);
+    EXPECT_EQ(readWidth, width) << "not turned yet";
+    ASSERT_TRUE(reads(PlainJpeg().file(fromTop, width, height)));
+    EXPECT_EQ(lastJpegOrientation(), 1);
+}
+
+TEST_F(JpegFiles, areRefusedInOtherColours)
+{
+    DiagnosticsLog log;
+    const Bytes pixels(static_cast<std::size_t>(width * height * 4), 9);
+    EXPECT_FALSE(
+        reads(PlainJpeg { .components = 1, .colours = JCS_GRAYSCALE }.file(pixels, width, height)));
+    EXPECT_NE(log.text.find("a.jpg"), std::string::npos);
+    EXPECT_NE(log.text.find("YCbCr"), std::string::npos);
+    EXPECT_FALSE(
+        reads(PlainJpeg { .components = 4, .colours = JCS_CMYK }.file(pixels, width, height)));
+}
+
+TEST_F(JpegFiles, areRefusedWhenTheyAreCut)
+{
+    for (const bool isProgressive : { false, true }) {
+        const std::string file
+            = PlainJpeg { .isProgressive = isProgressive }.file(fromTop, width, height);
+        for (std::size_t size = 0; size + 3 < file.size(); size += size < 700 ? 7 : 1)
+            ASSERT_FALSE(reads(file.substr(0, size))) << size << " of " << file.size();
+        EXPECT_EQ(reads(file.substr(0, file.size() - 2)), !isProgressive)
+            << "only the end mark is missing";
+        EXPECT_TRUE(reads(file));
+    }
+}
+
+TEST_F(JpegFiles, areRefusedWhenTheyAreNone)
+{
+    std::filesystem::create_directory(folder / "folder");
+    std::filesystem::create_symlink("nowhere", folder / "link");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    for (const char* name : { "none", "folder", "link", "pipe" })
+        EXPECT_EQ(readJpeg((folder / name).c_str(), &readWidth, &readHeight), nullptr);
+    EXPECT_EQ(readJpeg(nullptr, &readWidth, &readHeight), nullptr);
+    EXPECT_FALSE(reads("BM, but not really"));
+}
+
+// A header that claims a picture of 65,500 × 65,500, then nothing; and a progressive file with
+// thousands of scans, which is a picture of a few bytes but would take hours.
+TEST_F(JpegFiles, areRefusedWhenTheyAskForTooMuch)
+{
+    DiagnosticsLog log;
+    std::string file = PlainJpeg().file(fromTop, width, height);
+    const std::size_t frame = file.find("\xFF\xC0");
+    ASSERT_NE(frame, std::string::npos);
+    for (const std::size_t at : { frame + 5, frame + 7 }) {
+        file[at] = static_cast<char>(0xFF);
+        file[at + 1] = static_cast<char>(0xDC);
+    }
+    EXPECT_FALSE(reads(file));
+    EXPECT_NE(log.text.find("100 megapixels"), std::string::npos);
+
+    std::string scans = PlainJpeg { .isProgressive = true }.file(fromTop, width, height);
+    const std::size_t last = scans.rfind("\xFF\xDA");
+    const std::string scan = scans.substr(last, scans.size() - 2 - last);
+    scans.resize(scans.size() - 2);
+    for (int i = 0; i < 3000; ++i)
+        scans += scan;
+    log.text.clear();
+    EXPECT_FALSE(reads(scans + "\xFF\xD9"));
+    EXPECT_NE(log.text.find("too many scans"), std::string::npos);
+}
+
+TEST_F(JpegFiles, leaveTheOldFileWhenWritingFails)
+{
+    DiagnosticsLog log;
+    folder.put("a.jpg", "old");
+    const std::string path = folder / "a.jpg";
+    const Bytes large(640 * 480 * 3, 77);
+    const files::Fault::Plan plans[]
+        = { { .failWriteNumber = 0 }, { .failCommitNumber = 0 }, { .roomBytes = 500 } };
+    for (const files::Fault::Plan& plan : plans) {
+        const files::Fault fault(plan);
+        EXPECT_EQ(writeJpeg(path.c_str(), picture.data(), width, height), 0);
+    }
+    EXPECT_EQ(folder.get("a.jpg"), "old");
+    EXPECT_EQ(folder.names(), std::vector<std::string> { "a.jpg" });
+    EXPECT_NE(log.text.find(path), std::string::npos);
+    EXPECT_EQ(writeJpeg((folder / "no/such.jpg").c_str(), picture.data(), width, height), 0);
+    EXPECT_EQ(writeJpeg(path.c_str(), picture.data(), 0, height), 0);
+    EXPECT_EQ(writeJpeg(path.c_str(), large.data(), 70'000, 1), 0) << "wider than a JPEG can be";
+    EXPECT_EQ(folder.get("a.jpg"), "old");
+}
+
+TEST_F(JpegFiles, mutatedAreReadOrRefused)
+{
+    static TemporaryFolder place;
+    const auto feed = [](std::span<const std::uint8_t> bytes) {
+        place.put("a.jpg", std::string(bytes.begin(), bytes.end()));
+        int wide = 0;
+        int high = 0;
+        const std::uint8_t* pixels = readJpeg((place / "a.jpg").c_str(), &wide, &high);
+        if (pixels != nullptr && wide > 0 && high > 0 && wide < 2000 && high < 2000) {
+            volatile std::uint8_t last = pixels[std::ptrdiff_t { 3 } * wide * high - 1];
+            static_cast<void>(last);
+        }
+        freeJpegPixels();
+    };
+    const std::string file
+        = PlainJpeg { .isProgressive = true, .orientation = 3 }.file(fromTop, width, height);
+    fuzz::feedMutations(feed, Bytes(file.begin(), file.end()), 300);
+}
+
+} // namespace
