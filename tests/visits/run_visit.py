@@ -13,6 +13,7 @@ hold spaces stand in quotes; `#` starts a comment. Paths are below the data dire
                               {work} the place of this play
     prepare WHAT [WORD...]    see PREPARATIONS
     exit N                    the player's exit status (0)
+    guide CLIP...             all that the guide said, in this order (0: it was silenced)
     says TEXT                 standard error holds the text
     file PATH [BYTES]         the file exists (and has this size)
     no PATH                   no such file
@@ -57,7 +58,7 @@ class Play:
         self.visit = visit
         self.depth = depth
         self.data = work / "data"
-        self.content = tools.player.parent
+        self.content = tools.content or tools.player.parent
         self.options = []
         self.user = None
         self.shots = {}
@@ -66,9 +67,10 @@ class Play:
         PREPARATIONS[what](self, *arguments)
 
     def play(self):
-        command = [self.tools.player, "--headless", "--visit", self.visit, "--data", self.data,
+        command = [*self.tools.runner, self.tools.player, "--headless", "--visit", self.visit, "--data", self.data,
                    "--content", self.content, "--depth", str(self.depth), "--verbose",
-                   "--handed-back", self.work / "handed-back.png", *self.options]
+                   "--handed-back", self.work / "handed-back.png", "--log", self.work / "log.txt",
+                   *self.options]
         done = subprocess.run(command, cwd=self.work, capture_output=True, text=True,
                               errors="replace", timeout=TIME_LIMIT_SECONDS, check=False,
                               user=self.user, env=without_display())
@@ -96,6 +98,12 @@ class Play:
     def check_exit(self, status):
         if self.status != int(status):
             raise Failure(f"ended with {self.status} instead of {status}")
+
+    def check_guide(self, *clips):
+        events = [line.split()[1:] for line in (self.work / "log.txt").read_text().splitlines()]
+        said = [event[1] for event in events if event[0] == "guide"]
+        if said != list(clips):
+            raise Failure(f"the guide said {' '.join(said)} instead of {' '.join(clips)}")
 
     def check_says(self, text):
         if text not in self.errors:
@@ -219,8 +227,8 @@ def forbid_writing(play, *directories):
         play.user = NOBODY
         os.chown(play.work, NOBODY, -1)
     for directory in directories:
-        (play.data / directory).chmod(stat.S_IRUSR | stat.S_IXUSR | stat.S_IRGRP | stat.S_IXGRP | stat.S_IROTH
-                        | stat.S_IXOTH)
+        (play.data / directory).chmod(stat.S_IRUSR | stat.S_IXUSR | stat.S_IRGRP | stat.S_IXGRP
+                                      | stat.S_IROTH | stat.S_IXOTH)
 
 
 def album(play, count):
@@ -376,6 +384,9 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
     parser.add_argument("--player", type=Path, required=True)
     parser.add_argument("--tool", type=Path, required=True, help="the command-line tool")
+    parser.add_argument("--content", type=Path, help="holds data and audio; else beside the player")
+    parser.add_argument("--runner", type=lambda word: [word], default=[],
+                        help="the program that runs the player")
     parser.add_argument("--work", type=Path, required=True, help="is emptied first")
     parser.add_argument("visit", type=Path)
     tools = parser.parse_args()
