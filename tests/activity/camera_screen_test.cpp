@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "activity/camera_screen.h"
 
-#include "activity/store_fixture.h"
-#include "core/clock.h"
+#include "activity/photo_book.h"
+#include "activity/picture_view.h"
+#include "activity/screen_fixture.h"
 #include "host/kez.h"
-#include "input/events.h"
 #include "media/fake_camera.h"
-#include "media/resource_archive.h"
-#include "platform/winapi/control_kernel.h"
-#include "sprites/sprite_builder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 
 using namespace kez;
 using namespace kez::test;
@@ -37,24 +33,20 @@ enum Button { Import, Export, Return, Trash, Help, Save, Fetch, Book };
 
 class OtherScene : public Scene { };
 
-class CameraScreenTest : public StoreTest {
+class CameraScreenTest : public ScreenTest {
 protected:
     void SetUp() override
     {
-        StoreTest::SetUp();
-        winapi::useScriptClock(1000);
-        createArchive();
+        ScreenTest::SetUp();
         addSprite("camBack", 0, 0, 640, 480, 300);
         for (int i = 0; i < 8; ++i)
             addSprite(buttons[i], buttonX(i), buttonY, 50, 40, 50);
         for (const char* name : { "cursor", "help", "wait00", "wait01", "wait02", "wait03",
                  "wait04", "wait05", "wait06", "wait07", "wait08" })
             addSprite(name, 0, 0, 3, 3, 0);
-        color3 = 0xFF112233;
         link.reinitialise();
         fake = FakeCamera();
         link.setDriver(fakeDriver());
-        mouseEvent(0, 0, MouseEvent::Move);
         enterScreen();
     }
 
@@ -63,24 +55,7 @@ protected:
         endScene();
         while (!link.isIdle())
             Sleep(1);
-        winapi::useRealClock();
-        destroyArchive();
-        helpMode = false;
-        finishing = false;
-        StoreTest::TearDown();
-    }
-
-    void addSprite(const char* name, int x, int y, int width, int height, int depth)
-    {
-        const std::vector<std::uint32_t> pixels(
-            static_cast<std::size_t>(width * height), 0xFF808080);
-        SpriteRecord record;
-        const std::string fileName = std::string(name) + ".sp5";
-        record.makeTrueColour(fileName.c_str(), x, y, width, height, pixels.data(), false);
-        record.depth = depth;
-        const std::vector<std::uint8_t> bytes = record.serialise();
-        folder.put(fileName, std::string(bytes.begin(), bytes.end()));
-        ASSERT_NE(archive()->addFile((folder / fileName).c_str()), nullptr);
+        ScreenTest::TearDown();
     }
 
     void enterScreen()
@@ -89,33 +64,15 @@ protected:
         frames(1);
     }
 
-    void frames(int count)
-    {
-        for (; count > 0; --count) {
-            Sleep(50);
-            takeFrameTime();
-            performSwitch();
-            runDueTasks();
-        }
-    }
-
     // Every fifth step ticks the link, and a picture takes about four ticks.
     void framesForPictures(int count) { frames(40 + count * 25); }
 
-    static void click(int x, int y)
-    {
-        mouseEvent(x, y, MouseEvent::Move);
-        mouseEvent(x, y, MouseEvent::Press);
-        mouseEvent(x, y, MouseEvent::Release);
-    }
+    using ScreenTest::click;
+    using ScreenTest::clickCell;
 
     static void click(Button button) { click(buttonX(button), buttonY); }
 
-    static void clickCell(int cell)
-    {
-        const StagePoint& place = cameraScreen().grid().position(cell);
-        click(place.x, place.y);
-    }
+    static void clickCell(int cell) { clickCell(cameraScreen().grid(), cell); }
 
     static std::vector<std::string> litButtons()
     {
@@ -134,13 +91,8 @@ protected:
     // What is painted into the backdrop at a cell, from its centre by (dx, dy).
     static std::uint32_t painted(int cell, int dx = 0, int dy = 0)
     {
-        Image backdrop("camBack", true);
-        backdrop.realize();
-        const std::uint8_t* pixels = backdrop.pixels();
         const StagePoint& place = cameraScreen().grid().position(cell);
-        std::uint32_t value = 0;
-        std::memcpy(&value, pixels + ((place.y + dy + 240) * 640 + place.x + dx + 320) * 4, 4);
-        return value;
+        return ScreenTest::painted("camBack", place.x + dx, place.y + dy);
     }
 
     static std::uint32_t shade(unsigned picture) { return 0xFF000000 | picture * 0x010101; }
@@ -266,8 +218,32 @@ TEST_F(CameraScreenTest, selectsOnlyCellsWithAPicture)
     EXPECT_EQ(selected(), 1);
     clickCell(0);
     EXPECT_EQ(selected(), 0);
-    clickCell(0); // again: the picture would open
+}
+
+TEST_F(CameraScreenTest, showsASelectedPictureEnlarged)
+{
+    fake.take(2);
+    framesForPictures(2);
+    clickCell(19); // not selected, so not enlarged
+    clickCell(1);
+    EXPECT_EQ(pictureView().picture(), nullptr);
+    clickCell(1);
     EXPECT_EQ(selected(), -1);
+    ASSERT_NE(pictureView().picture(), nullptr);
+    EXPECT_EQ(pictureView().picture()->name(), "~2");
+    EXPECT_EQ(pictureView().picture()->spriteWidth(), 320);
+    click(-32, -62);
+    EXPECT_EQ(pictureView().picture(), nullptr);
+    EXPECT_EQ(selected(), 1);
+    clickCell(1);
+    endScene();
+    EXPECT_EQ(pictureView().picture(), nullptr);
+}
+
+TEST_F(CameraScreenTest, leadsToThePhotoBook)
+{
+    click(Book);
+    EXPECT_EQ(pendingScene(), &photoBook());
 }
 
 TEST_F(CameraScreenTest, throwsTheSelectedPictureAway)

@@ -7,11 +7,11 @@
 #include "activity/guide.h"
 #include "activity/store_fixture.h"
 #include "activity/thumbnail_grid.h"
+#include "control_kernel.h"
 #include "core/clock.h"
 #include "display/scene.h"
 #include "input/events.h"
 #include "media/resource_archive.h"
-#include "platform/winapi/control_kernel.h"
 #include "sprites/image.h"
 #include "sprites/sprite_builder.h"
 
