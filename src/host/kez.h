@@ -17,7 +17,7 @@
 #include <dsound.h>
 
 #if defined(_WIN32) && defined(KEZ_BUILDING)
-#define KEZ_API __declspec(dllexport)
+#define KEZ_API // kez.def exports the members, each under two names
 #elif defined(_WIN32)
 #define KEZ_API __declspec(dllimport)
 #else

@@ -6,10 +6,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <vector>
-
-#include <stdlib.h>
 
 namespace kez::test {
 
@@ -17,8 +16,11 @@ class TemporaryFolder {
 public:
     TemporaryFolder()
     {
-        std::string name = (std::filesystem::temp_directory_path() / "kez-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
+        std::random_device chance;
+        do
+            path_ = (std::filesystem::temp_directory_path() / ("kez-" + std::to_string(chance())))
+                        .string();
+        while (!std::filesystem::create_directory(path_));
     }
 
     ~TemporaryFolder()
