@@ -58,8 +58,9 @@ TEST_F(BitmapSurfaces, holdTheBitmapInItsOwnSizeOrAnother)
 
 TEST_F(BitmapSurfaces, areRefusedWithTheBitmapsName)
 {
-    const std::string cut = put({ .width = 100, .height = 100, .pixels = { 1 } });
-    EXPECT_EQ(loadBitmapSurface(cut.c_str(), 0, 0, nullptr), nullptr);
+    folder.put("A Picture.BMP", "BM but no picture");
+    const std::string noPicture = folder.path() + "\\a picture.bmp";
+    EXPECT_EQ(loadBitmapSurface(noPicture.c_str(), 0, 0, nullptr), nullptr);
     EXPECT_NE(output.text().find("a picture.bmp"), std::string::npos);
     EXPECT_EQ(loadBitmapSurface((folder / "none.bmp").c_str(), 0, 0, nullptr), nullptr);
     EXPECT_EQ(loadBitmapSurface("a?b", 0, 0, nullptr), nullptr);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "control_kernel.h"
 #include "numbered_source.h"
-#include "platform/desktop.h"
 #include "raw_form.h"
 #include "serial_camera.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/camera.h"
 
+#include "control_kernel.h"
 #include "media/fake_camera.h"
-#include "platform/winapi/control_kernel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 /// What is written to the debugger output while the object lives.
 #pragma once
 
-#include "platform/winapi/control_kernel.h"
+#include "control_kernel.h"
 
 #include <string>
 

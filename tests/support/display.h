@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-/// A display as a host makes it: a DirectDraw object in a mode of 640 × 480, the primary surface
-/// and a secondary one of the display's format. And a way to read and set a surface's pixels.
+/// A display as a host without a screen makes it: a DirectDraw object and two surfaces of 640 × 480
+/// in one display format, which serve as primary and secondary. And a way to read a surface's
+/// pixels.
 #pragma once
-
-#include "control.h"
 
 #include <windows.h>
 
@@ -33,18 +32,27 @@ inline std::uint32_t pixelAt(IDirectDrawSurface& surface, int x, int y)
     return pixel;
 }
 
+/// The usual format of a depth: 565, or eight bits a channel; red highest.
+inline DDPIXELFORMAT formatOf(int bits)
+{
+    DDPIXELFORMAT format = {};
+    format.dwSize = sizeof format;
+    format.dwFlags = DDPF_RGB;
+    format.dwRGBBitCount = static_cast<DWORD>(bits);
+    format.dwRBitMask = bits == 16 ? 0xF800 : 0xFF0000;
+    format.dwGBitMask = bits == 16 ? 0x07E0 : 0x00FF00;
+    format.dwBBitMask = bits == 16 ? 0x001F : 0x0000FF;
+    return format;
+}
+
 class Display {
 public:
     explicit Display(int bits)
+        : format_(formatOf(bits))
     {
         EXPECT_EQ(DirectDrawCreate(nullptr, &directDraw, nullptr), DD_OK);
         EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, DDSCL_NORMAL), DD_OK);
-        EXPECT_EQ(directDraw->SetDisplayMode(640, 480, static_cast<DWORD>(bits)), DD_OK);
-        DDSURFACEDESC wanted = {};
-        wanted.dwSize = sizeof wanted;
-        wanted.dwFlags = DDSD_CAPS;
-        wanted.ddsCaps.dwCaps = DDSCAPS_PRIMARYSURFACE;
-        EXPECT_EQ(directDraw->CreateSurface(&wanted, &primary, nullptr), DD_OK);
+        primary = createSurface(640, 480);
         secondary = createSurface(640, 480);
     }
 
@@ -63,10 +71,11 @@ public:
     {
         DDSURFACEDESC wanted = {};
         wanted.dwSize = sizeof wanted;
-        wanted.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT;
+        wanted.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
         wanted.dwWidth = width;
         wanted.dwHeight = height;
         wanted.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
+        wanted.ddpfPixelFormat = format_;
         IDirectDrawSurface* surface = nullptr;
         EXPECT_EQ(directDraw->CreateSurface(&wanted, &surface, nullptr), DD_OK);
         return surface;
@@ -75,27 +84,9 @@ public:
     IDirectDraw* directDraw = nullptr;
     IDirectDrawSurface* primary = nullptr;
     IDirectDrawSurface* secondary = nullptr;
-};
 
-/// While it lives, 16-bit displays have these masks.
-class DisplayMasks {
-public:
-    DisplayMasks(DWORD red, DWORD green, DWORD blue)
-    {
-        DDPIXELFORMAT format = {};
-        format.dwSize = sizeof format;
-        format.dwFlags = DDPF_RGB;
-        format.dwRGBBitCount = 16;
-        format.dwRBitMask = red;
-        format.dwGBitMask = green;
-        format.dwBBitMask = blue;
-        EXPECT_TRUE(winapi::useDisplayFormat(format));
-    }
-
-    ~DisplayMasks() { winapi::useUsualDisplayFormats(); }
-
-    DisplayMasks(const DisplayMasks&) = delete;
-    DisplayMasks& operator=(const DisplayMasks&) = delete;
+private:
+    DDPIXELFORMAT format_;
 };
 
 } // namespace kez::test

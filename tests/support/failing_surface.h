@@ -52,6 +52,9 @@ public:
         claimedHeight_ = height;
     }
 
+    /// The format that GetPixelFormat tells, whatever the real one is.
+    void claimFormat(const DDPIXELFORMAT& format) { claimedFormat_ = format; }
+
     [[nodiscard]] int calls(Call call) const { return counts_[call]; }
 
     [[nodiscard]] int locksHeld() const { return locksHeld_; }
@@ -126,7 +129,10 @@ public:
     HRESULT STDMETHODCALLTYPE GetPixelFormat(LPDDPIXELFORMAT format) override
     {
         const HRESULT result = begin(PixelFormatCall);
-        return result == DD_OK ? real_->GetPixelFormat(format) : result;
+        if (result != DD_OK || claimedFormat_.dwSize == 0)
+            return result == DD_OK ? real_->GetPixelFormat(format) : result;
+        *format = claimedFormat_;
+        return DD_OK;
     }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, LPVOID*) override { return E_NOINTERFACE; }
@@ -254,6 +260,7 @@ private:
     LONG pitchBytes_ = 0;
     DWORD claimedWidth_ = 0;
     DWORD claimedHeight_ = 0;
+    DDPIXELFORMAT claimedFormat_ = {};
     int locksHeld_ = 0;
     int contextsHeld_ = 0;
 };
