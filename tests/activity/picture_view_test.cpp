@@ -96,7 +96,7 @@ TEST_F(PictureViewTest, staysWithThePictureThatIsShown)
 {
     const Picture picture = makePicture(16, 12);
     ASSERT_TRUE(savePhoto("a", picture.data(), 16, 12, nullptr, nullptr));
-    ASSERT_TRUE(savePhoto("b", picture.data(), 16, 16, nullptr, nullptr));
+    ASSERT_TRUE(savePhoto("b", picture.data(), 12, 16, nullptr, nullptr));
     const DynaImage* first = open("a");
     EXPECT_EQ(open("b"), first);
 }
