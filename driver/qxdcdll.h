@@ -1,4 +1,4 @@
-/* SPDX-License-Identifier: MIT */
+// SPDX-License-Identifier: MIT
 /* The camera driver: a library that stands for a small camera on a serial line. It takes pictures
  * by itself, keeps up to six of them and hands them over as lines of raw data. Which pictures it
  * takes, the host program chooses with the qxdc functions at the end; docs/camera.md describes both
