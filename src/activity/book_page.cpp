@@ -12,6 +12,12 @@ void BookPage::open(int number)
     refill();
 }
 
+void BookPage::showLast()
+{
+    number_ = (album().count() - 1) / cells;
+    refill();
+}
+
 void BookPage::refill()
 {
     int position = cells * number_;

@@ -14,6 +14,7 @@ public:
     static constexpr int cells = 24;
 
     void open(int number); ///< Reads the album anew.
+    void showLast(); ///< The album's last page, as it is in memory.
     void refill(); ///< From the album as it is in memory.
 
     /// The page that far on, read anew. False, and nothing happens, when it is in front of the

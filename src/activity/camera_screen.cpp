@@ -2,8 +2,12 @@
 #include "activity/camera_screen.h"
 
 #include "activity/camera_slots.h"
+#include "activity/export_popup.h"
 #include "activity/guide.h"
+#include "activity/import_popup.h"
 #include "activity/photo_book.h"
+#include "activity/picture_export.h"
+#include "activity/picture_import.h"
 #include "activity/picture_names.h"
 #include "activity/picture_view.h"
 #include "activity/stored_files.h"
@@ -89,6 +93,7 @@ void CameraScreen::enter()
 
 void CameraScreen::leave()
 {
+    closePopup();
     pictureView().leave();
     grid_.leave();
     camera().stop();
@@ -102,6 +107,7 @@ TaskBody CameraScreen::run()
 {
     co_await sleep(1);
     for (;;) {
+        tellOfFiles();
         busyStep();
         co_await sleep(stepMs);
         introduceOnce();
@@ -110,6 +116,14 @@ TaskBody CameraScreen::run()
             retestRoom = false;
         }
     }
+}
+
+void CameraScreen::tellOfFiles()
+{
+    if (std::exchange(importDone, false))
+        sayGuide(importClip(clip::imported));
+    if (std::exchange(exportDone, false))
+        sayGuide(importFailed ? clip::notStored : clip::exported);
 }
 
 void CameraScreen::busyStep()
@@ -220,13 +234,36 @@ void CameraScreen::buttonPressed()
     else if (hoveredButton_ == &trashButton_)
         deleteSelected();
     else if (hoveredButton_ == &returnButton_)
-        giveBack();
+        goTo(SaveDialog::Destination::Host);
     else if (hoveredButton_ == &exportButton_)
         exportSelected();
     else if (hoveredButton_ == &importButton_)
-        grid_.deselect();
+        importFile();
     else if (hoveredButton_ == &bookButton_)
+        goTo(SaveDialog::Destination::PhotoBook);
+}
+
+// Without room nothing could be saved anyway.
+void CameraScreen::goTo(SaveDialog::Destination destination)
+{
+    if (unsavedPictures && hasRoomNow)
+        saveDialog().ask(destination);
+    else
+        goOnTo(destination);
+}
+
+void CameraScreen::goOnTo(SaveDialog::Destination destination)
+{
+    if (destination == SaveDialog::Destination::PhotoBook)
         switchTo(photoBook());
+    else
+        giveBack();
+}
+
+void CameraScreen::importFile()
+{
+    grid_.deselect();
+    openImport();
 }
 
 void CameraScreen::fetchPictures()
@@ -239,8 +276,12 @@ void CameraScreen::fetchPictures()
 
 void CameraScreen::exportSelected()
 {
-    if (grid_.selectedIndex() < 0)
-        sayGuide(clip::exportPicture);
+    const int cell = grid_.selectedIndex();
+    if (cell < 0)
+        return sayGuide(clip::exportPicture);
+    String fileName;
+    makeNumberedName(fileName, "Export", findFreeExportNumber());
+    openExport(temporaryName(cell + 1).c_str(), fileName.c_str());
 }
 
 // A cell without a picture cannot be selected.
@@ -261,7 +302,7 @@ void CameraScreen::gridClicked()
 void CameraScreen::deleteSelected()
 {
     const int cell = grid_.selectedIndex();
-    if (cell < 0)
+    if (closeExport() || cell < 0)
         return;
     forgetSlot(cell);
     paintCell(nullptr, cell);

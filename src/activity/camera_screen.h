@@ -4,6 +4,7 @@
 #pragma once
 
 #include "activity/activity_screen.h"
+#include "activity/save_dialog.h"
 #include "activity/thumbnail_grid.h"
 #include "media/camera.h"
 
@@ -23,6 +24,8 @@ public:
 
     [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
 
+    void goOnTo(SaveDialog::Destination destination); ///< Without a question.
+
 private:
     static int cameraHandler(Camera& camera, int notification, void* screen);
     void busyStep();
@@ -35,7 +38,10 @@ private:
     void exportSelected();
     void gridClicked();
     void deleteSelected();
+    void goTo(SaveDialog::Destination destination);
     void giveBack();
+    void importFile();
+    void tellOfFiles();
     void paintCell(const std::uint8_t* picture, int cell);
 
     Image backdrop_;

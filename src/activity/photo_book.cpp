@@ -2,13 +2,19 @@
 #include "activity/photo_book.h"
 
 #include "activity/camera_screen.h"
+#include "activity/export_popup.h"
 #include "activity/guide.h"
+#include "activity/import_popup.h"
 #include "activity/key_colours.h"
 #include "activity/photo_store.h"
+#include "activity/picture_export.h"
+#include "activity/picture_import.h"
 #include "activity/picture_view.h"
 #include "core/flags.h"
 #include "input/events.h"
 #include "sprites/picture_pixels.h"
+
+#include <utility>
 
 namespace kez {
 
@@ -66,6 +72,7 @@ void PhotoBook::create()
 void PhotoBook::enter()
 {
     returnButton_.visible = false;
+    importDone = false;
     grid_.deselect();
     grid_.setup(cellWidth, cellHeight, cellPositions, { color1, -3 }, { color4, -2 });
     labels_.create(view_, grid_, color2);
@@ -78,6 +85,7 @@ void PhotoBook::enter()
 void PhotoBook::leave()
 {
     detach();
+    closePopup();
     pictureView().leave();
     grid_.leave();
     labels_.discard();
@@ -89,9 +97,30 @@ TaskBody PhotoBook::run()
 {
     co_await sleep(1);
     for (;;) {
+        tellOfFiles();
         co_await sleep(stepMs);
         introduceOnce();
     }
+}
+
+void PhotoBook::tellOfFiles()
+{
+    if (std::exchange(importDone, false)) {
+        if (!importFailed && !importUnreadable)
+            showImported();
+        sayGuide(importClip(clip::importedIntoBook));
+    }
+    if (std::exchange(exportDone, false))
+        sayGuide(importFailed ? clip::notStored : clip::exported);
+}
+
+// At the album's end until it is sorted again.
+void PhotoBook::showImported()
+{
+    String fileName = lastImportedName();
+    addName(album(), fileName.append(".clip").view());
+    page_.showLast();
+    showPage();
 }
 
 std::array<PhotoBook::Button, 10> PhotoBook::buttons()
@@ -193,7 +222,7 @@ void PhotoBook::buttonPressed()
     else if (hoveredButton_ == &exportButton_)
         exportSelected();
     else if (hoveredButton_ == &importButton_)
-        clearSelection();
+        importFile();
     else if (hoveredButton_ == &returnButton_)
         giveBack();
     else if (hoveredButton_ == &trashButton_)
@@ -262,7 +291,7 @@ void PhotoBook::keyTyped(std::uint32_t key)
 
 void PhotoBook::deleteSelected()
 {
-    if (selectedEntry_ == nullptr)
+    if (closeExport() || selectedEntry_ == nullptr)
         return;
     deletePicture(selectedName().c_str());
     page_.openWithout(*selectedEntry_);
@@ -272,10 +301,16 @@ void PhotoBook::deleteSelected()
 
 void PhotoBook::exportSelected()
 {
-    if (selectedEntry_ != nullptr)
-        grid_.select(currentCell_);
-    else
-        sayGuide(clip::exportPicture);
+    if (selectedEntry_ == nullptr)
+        return sayGuide(clip::exportPicture);
+    grid_.select(currentCell_);
+    openExport(selectedName().c_str(), "");
+}
+
+void PhotoBook::importFile()
+{
+    clearSelection();
+    openImport();
 }
 
 void PhotoBook::giveBack()

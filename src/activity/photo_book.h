@@ -51,6 +51,9 @@ private:
     void openSelected();
     void deleteSelected();
     void exportSelected();
+    void importFile();
+    void tellOfFiles();
+    void showImported();
     void giveBack();
     [[nodiscard]] String selectedName() const;
 

@@ -4,6 +4,9 @@
 #include "core/diagnostics.h"
 #include "platform/files.h"
 
+#include <set>
+#include <string>
+
 namespace kez {
 
 namespace {
@@ -25,6 +28,14 @@ int firstFree(int first, Taken&& isTaken)
     return number < firstNumberTooLarge ? number : firstNumberTooLarge;
 }
 
+std::string lowered(std::string text)
+{
+    for (char& character : text)
+        if (character >= 'A' && character <= 'Z')
+            character = static_cast<char>(character - 'A' + 'a');
+    return text;
+}
+
 bool numberedFileExists(
     const char* directory, const char* prefix, int number, const char* extension)
 {
@@ -33,14 +44,23 @@ bool numberedFileExists(
     return files::exists(makePath(directory, name.c_str(), extension).view());
 }
 
+// Without their extension, in lower case. The directory is read once: others put files there, and
+// may have put many.
+std::set<std::string> exportedNames()
+{
+    std::set<std::string> names;
+    const String directory = makePath("Export", nullptr, nullptr);
+    for (const char* extension : { "bmp", "jpg" })
+        for (const files::Entry& entry : files::list(directory.view(), extension))
+            names.insert(lowered(entry.name.substr(0, entry.name.rfind('.'))));
+    return names;
+}
+
 // "Photo" and "photo" are one directory. It is made under the latter name, where names have case.
 void makeDirectory(const char* directory)
 {
     String path = dataPrefix();
-    for (const char* character = directory; *character != '\0'; ++character)
-        path.append(*character >= 'A' && *character <= 'Z'
-                ? static_cast<char>(*character - 'A' + 'a')
-                : *character);
+    path.append(lowered(directory));
     if (!files::createDirectory(path.view()))
         reportLastError("The directory %.700s cannot be made.", path.c_str());
 }
@@ -94,9 +114,11 @@ int findFreeNumber(const char* prefix, int first, const char* extension)
 
 int findFreeExportNumber()
 {
-    return firstFree(1, [](int number) {
-        return numberedFileExists("Export", "Export", number, "bmp")
-            || numberedFileExists("Export", "Export", number, "jpg");
+    const std::set<std::string> taken = exportedNames();
+    return firstFree(1, [&taken](int number) {
+        String name;
+        makeNumberedName(name, "export", number);
+        return taken.contains(name.c_str());
     });
 }
 

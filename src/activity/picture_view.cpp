@@ -2,12 +2,9 @@
 #include "activity/picture_view.h"
 
 #include "activity/activity_screen.h"
-#include "activity/key_colours.h"
-#include "activity/picture_names.h"
-#include "activity/stored_pictures.h"
+#include "activity/masked_picture.h"
 #include "input/events.h"
 #include "media/resample.h"
-#include "media/targa_file.h"
 #include "sprites/picture_pixels.h"
 #include "sprites/sprite_builder.h"
 
@@ -23,27 +20,7 @@ constexpr int viewWidth = 320;
 constexpr int viewHeight = 240;
 constexpr int frameThickness = -2;
 
-// Three bytes a pixel, bottom row first. Empty: there is none.
-struct Picture {
-    std::vector<std::uint8_t> pixels;
-    int width = 0;
-    int height = 0;
-};
-
-Picture readPicture(const char* name)
-{
-    TargaFile file(makePath("photo", name, "cam").c_str());
-    Picture picture;
-    const std::uint8_t* pixels = file.read(&picture.width, &picture.height);
-    if (pixels == nullptr || picture.width < 1 || picture.height < 1)
-        return {};
-    const int count = picture.width * picture.height;
-    picture.pixels.assign(pixels, pixels + std::ptrdiff_t { 3 } * count);
-    std::vector<std::uint8_t> mask(static_cast<std::size_t>(count));
-    if (readMask(makePath("mask", name, "mask").c_str(), mask.data(), count))
-        applyMask(picture.pixels.data(), mask.data(), count);
-    return picture;
-}
+using Picture = MaskedPicture;
 
 Picture fitted(Picture picture)
 {
@@ -105,7 +82,7 @@ void PictureView::enter()
 {
     if (picture_ != nullptr)
         return;
-    const Picture stored = readPicture(name().c_str());
+    const Picture stored = readMaskedPicture(name().c_str());
     if (stored.pixels.empty())
         return;
     const Picture shown = fitted(stored);

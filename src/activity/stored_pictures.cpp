@@ -33,10 +33,11 @@ bool isPicture(const char* name, const std::uint8_t* pixels, int width, int heig
         && width <= mostPixels / height;
 }
 
-// At least a pixel, however narrow the picture.
-int reducedTo(int size, int percent)
+// The percentage is cut off: a side may come out a little too long, or, of a very narrow picture,
+// as nothing.
+int reducedTo(int size, int percent, int most)
 {
-    return std::max(static_cast<int>(std::int64_t { size } * 100 / percent), 1);
+    return std::clamp(static_cast<int>(std::int64_t { size } * 100 / percent), 1, most);
 }
 
 bool storePicture(const char* path, const char* name, const std::uint8_t* pixels, int width,
@@ -89,8 +90,8 @@ bool storeImportedPicture(
     std::vector<std::uint8_t> reduced;
     if (width > importWidth || height > importHeight) {
         const int percent = reductionPercent(width, height, importWidth, importHeight);
-        const int newWidth = reducedTo(width, percent);
-        const int newHeight = reducedTo(height, percent);
+        const int newWidth = reducedTo(width, percent, importWidth);
+        const int newHeight = reducedTo(height, percent, importHeight);
         reduced.resize(pictureBytes(newWidth, newHeight));
         scaleNearest(pixels, width, height, reduced.data(), newWidth, newHeight);
         pixels = reduced.data();
@@ -98,6 +99,8 @@ bool storeImportedPicture(
         height = newHeight;
     }
     importFailed = !storePicture(path, name, pixels, width, height, false, nullptr);
+    if (importFailed) // a picture without a thumbnail would take room and never be seen
+        deleteStoredFile(path);
     return !importFailed;
 }
 

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+/// Picture files from the directory "export" into the store.
+#pragma once
+
+#include "activity/import_list.h"
+
+namespace kez {
+
+inline bool importDone
+    = false; ///< An import has ended; the current screen tells how, and clears it.
+inline bool importUnreadable = false; ///< Its file could not be read.
+
+[[nodiscard]] const String& lastImportedName(); ///< "Image  1", without extension.
+
+/// Reads a BMP or JPEG file, by its extension, and stores it as a new picture, "Image" and a
+/// number. A photograph that the camera stored lying on its side is turned upright.
+void importPicture(const ImportFile& file);
+
+/// What the guide says of the last import: `success` when the picture was stored.
+[[nodiscard]] int importClip(int success);
+
+} // namespace kez

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "activity/popup.h"
+
+#include "core/flags.h"
+#include "input/events.h"
+
+namespace kez {
+
+namespace {
+
+Popup* openPopup = nullptr;
+
+} // namespace
+
+Popup::Popup(const char* pictureName)
+    : view_(0, 0, 0, 0, 0, false, true)
+    , picture_(pictureName, true)
+{
+    clickService_.setClient(this);
+    mouseService_.setClient(this);
+    view_.add(picture_);
+}
+
+void Popup::addButtons(std::initializer_list<Image*> buttons)
+{
+    buttons_ = buttons;
+    for (Image* button : buttons_)
+        view_.add(*button);
+}
+
+void Popup::enter()
+{
+    hideButtons();
+    if (open_)
+        return;
+    closePopup();
+    open_ = true;
+    openPopup = this;
+    clickService_.attach();
+    mouseService_.attach();
+    view_.attach();
+    view_.realize();
+    view_.visible = true;
+}
+
+void Popup::leave()
+{
+    hideButtons();
+    if (!open_)
+        return;
+    open_ = false;
+    openPopup = nullptr;
+    clickService_.detach();
+    mouseService_.detach();
+    view_.detach();
+    view_.unrealize();
+    view_.visible = false;
+}
+
+void Popup::serviceFired(Service& service)
+{
+    if (&service == &mouseService_)
+        lightButton();
+    else if (&service == &clickService_)
+        clicked();
+}
+
+void Popup::hideButtons()
+{
+    for (Image* button : buttons_)
+        button->visible = false;
+}
+
+void Popup::lightButton()
+{
+    hideButtons();
+    for (Image* button : buttons_) {
+        button->visible = button->hitTest(mouseX, mouseY);
+        if (button->visible)
+            return;
+    }
+}
+
+bool Popup::isPicked(const char* name)
+{
+    return pickedItem != nullptr && pickedItem->name() == name;
+}
+
+bool Popup::isPicturePicked() const
+{
+    return pickedItem == &picture_;
+}
+
+void closePopup()
+{
+    if (openPopup != nullptr)
+        openPopup->leave();
+}
+
+} // namespace kez
