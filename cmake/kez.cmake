@@ -60,6 +60,7 @@ function(kez_test name)
         return()
     endif()
     target_link_libraries(${name} PRIVATE kez_test_system)
+    target_compile_options(${name} PRIVATE -Wno-stringop-overflow) # false alarms on vectors
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 600 RESOURCE_LOCK wine)
     foreach(source IN LISTS test_NATIVE)

@@ -16,7 +16,6 @@
 #include <vector>
 
 #include <jpeglib.h>
-#include <sys/stat.h>
 
 using namespace kez;
 using namespace kez::test;
@@ -189,9 +188,7 @@ TEST_F(JpegFiles, areRefusedWhenTheyAreCut)
 TEST_F(JpegFiles, areRefusedWhenTheyAreNone)
 {
     std::filesystem::create_directory(folder / "folder");
-    std::filesystem::create_symlink("nowhere", folder / "link");
-    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    for (const char* name : { "none", "folder", "link", "pipe" })
+    for (const char* name : { "none", "folder" })
         EXPECT_EQ(readJpeg((folder / name).c_str(), &readWidth, &readHeight), nullptr);
     EXPECT_EQ(readJpeg(nullptr, &readWidth, &readHeight), nullptr);
     EXPECT_FALSE(reads("BM, but not really"));

@@ -67,8 +67,9 @@ class Play:
         PREPARATIONS[what](self, *arguments)
 
     def play(self):
-        command = [*self.tools.runner, self.tools.player, "--headless", "--visit", self.visit, "--data", self.data,
-                   "--content", self.content, "--depth", str(self.depth), "--verbose",
+        command = [*self.tools.runner, self.tools.player, "--headless", "--visit", self.visit,
+                   "--data", self.data, "--content", self.content, "--depth", str(self.depth),
+                   "--verbose",
                    "--handed-back", self.work / "handed-back.png", "--log", self.work / "log.txt",
                    *self.options]
         done = subprocess.run(command, cwd=self.work, capture_output=True, text=True,
@@ -187,8 +188,8 @@ def without_display():
 
 def own_content(play):
     """A copy of the content that may be damaged."""
-    play.content = play.work / "content"
-    shutil.copytree(play.tools.player.parent / "data", play.content / "data")
+    place, play.content = play.content, play.work / "content"
+    shutil.copytree(place / "data", play.content / "data")
     return play.content / "data" / "kez.wad"
 
 
@@ -384,8 +385,9 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
     parser.add_argument("--player", type=Path, required=True)
     parser.add_argument("--tool", type=Path, required=True, help="the command-line tool")
-    parser.add_argument("--content", type=Path, help="holds data and audio; else beside the player")
-    parser.add_argument("--runner", type=lambda word: [word], default=[],
+    parser.add_argument("--content", type=lambda word: Path(word).resolve(),
+                        help="holds data and audio; else beside the player")
+    parser.add_argument("--runner", type=lambda word: [Path(word).resolve()], default=[],
                         help="the program that runs the player")
     parser.add_argument("--work", type=Path, required=True, help="is emptied first")
     parser.add_argument("visit", type=Path)
