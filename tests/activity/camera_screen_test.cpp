@@ -281,6 +281,7 @@ TEST_F(CameraScreenTest, givesTheSelectedPictureToTheHost)
 {
     fake.take();
     framesForPictures(1);
+    click(Save); // or the child is asked first
     clickCell(0);
     click(Return);
     EXPECT_TRUE(finishing);
