@@ -13,7 +13,8 @@ int runKez(int argc, const char* const* argv)
 {
     constexpr int refused = 1;
     constexpr int misused = 2;
-    CLI::App app("Packs and unpacks the archives of Kez and converts its pictures and sounds.", "kez");
+    CLI::App app(
+        "Packs and unpacks the archives of Kez and converts its pictures and sounds.", "kez");
     app.set_version_flag("--version", "kez " KEZ_VERSION);
     app.require_subcommand(1);
     addPackCommand(app);

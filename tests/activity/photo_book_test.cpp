@@ -6,6 +6,7 @@
 #include "activity/screen_fixture.h"
 #include "host/kez.h"
 #include "platform/files.h"
+#include "support/engine_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -297,7 +298,7 @@ TEST_F(PhotoBookTest, handsOverTheSelectedPictureUnderItsNewName)
     type("Cat");
     click(Return);
     EXPECT_TRUE(finishing);
-    EXPECT_STREQ(Kez::imageName, "Cat");
+    EXPECT_STREQ(handedName(), "Cat");
     EXPECT_EQ(Kez::imageWidth, 4);
     EXPECT_EQ(folder.get("photo/~0.cam"), folder.get("photo/Cat.cam"));
 }
@@ -309,7 +310,7 @@ TEST_F(PhotoBookTest, handsOverNothingWithoutASelection)
     clickCell(5); // an empty cell
     click(Return);
     EXPECT_TRUE(finishing);
-    EXPECT_EQ(Kez::imageName, nullptr);
+    EXPECT_EQ(handedName(), nullptr);
 }
 
 TEST_F(PhotoBookTest, asksForASelectionToExport)

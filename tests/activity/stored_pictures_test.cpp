@@ -6,6 +6,7 @@
 #include "media/targa_file.h"
 #include "platform/files.h"
 #include "support/debug_output.h"
+#include "support/engine_fixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -155,20 +156,20 @@ TEST_F(StoredPictures, areHandedToTheHost)
     ASSERT_TRUE(savePhoto("Cat", picture.data(), 16, 12, nullptr, nullptr));
     handOverPicture("Cat");
     EXPECT_TRUE(finishing);
-    ASSERT_NE(Kez::image, nullptr);
-    EXPECT_EQ(Picture(Kez::image, Kez::image + 16 * 12 * 3), picture);
-    EXPECT_STREQ(Kez::imageName, "Cat");
+    ASSERT_NE(handedImage(), nullptr);
+    EXPECT_EQ(Picture(handedImage(), handedImage() + 16 * 12 * 3), picture);
+    EXPECT_STREQ(handedName(), "Cat");
     EXPECT_EQ(folder.get("photo/~0.cam"), folder.get("photo/Cat.cam"));
 
     finishing = false;
     put("photo/Bad.cam", "no picture");
     handOverPicture("Bad");
     EXPECT_TRUE(finishing);
-    EXPECT_EQ(Kez::image, nullptr);
-    EXPECT_STREQ(Kez::imageName, "Bad");
+    EXPECT_EQ(handedImage(), nullptr);
+    EXPECT_STREQ(handedName(), "Bad");
     EXPECT_EQ(Kez::imageWidth, 0);
     handOverPicture(nullptr);
-    EXPECT_EQ(Kez::imageName, nullptr);
+    EXPECT_EQ(handedName(), nullptr);
     finishing = false;
 }
 
