@@ -26,7 +26,7 @@ TEST(Screen, givesBackOnlyWhatItMade)
     EXPECT_EQ(targetSurface(), nullptr);
 }
 
-TEST(BitmapSurfaces, areRefusedWhenTheFileEndsEarly)
+TEST(BitmapSurfacesOfOurs, areRefusedWhenTheFileEndsEarly)
 {
     test::Display display(32);
     screen().attach(display.directDraw, display.primary, display.secondary, 32);
