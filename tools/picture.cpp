@@ -2,11 +2,14 @@
 #include "picture.h"
 
 #include "activity/thumbnail.h"
+#include "media/jpeg_file.h"
 #include "media/targa_file.h"
 #include "platform/files.h"
 #include "png_file.h"
 #include "sprites/bitmap_file.h"
 #include "user_error.h"
+
+#include <windows.h>
 
 #include <algorithm>
 #include <array>
@@ -96,6 +99,41 @@ void writePngPicture(const std::string& path, const Picture& picture)
     writePng(path, png);
 }
 
+Picture readBitmap(const std::string& path)
+{
+    const HANDLE bitmap = LoadImageA(nullptr, files::nativePath(path).c_str(), IMAGE_BITMAP, 0, 0,
+        LR_LOADFROMFILE | LR_CREATEDIBSECTION);
+    BITMAP held {};
+    if (bitmap == nullptr || GetObjectA(bitmap, sizeof held, &held) == 0)
+        throw UserError(path + ": it is missing, damaged, or of a kind of BMP that is not read");
+    Picture picture { held.bmWidth, held.bmHeight, {} };
+    const auto* row = static_cast<const std::uint8_t*>(held.bmBits);
+    for (int y = 0; y < held.bmHeight; ++y, row += held.bmWidthBytes)
+        picture.pixels.insert(picture.pixels.end(), row, row + std::ptrdiff_t { 3 } * held.bmWidth);
+    DeleteObject(bitmap);
+    return picture;
+}
+
+Picture readJpegPicture(const std::string& path)
+{
+    Picture picture;
+    const std::uint8_t* pixels = readJpeg(path.c_str(), &picture.width, &picture.height);
+    if (pixels == nullptr)
+        throw UserError(path
+            + ": it is missing, damaged, or a JPEG without the usual colours, which is not read");
+    const auto count
+        = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
+    picture.pixels.assign(pixels, pixels + count * 3);
+    freeJpegPixels();
+    return picture;
+}
+
+void writeJpegPicture(const std::string& path, const Picture& picture)
+{
+    if (writeJpeg(path.c_str(), picture.pixels.data(), picture.width, picture.height) != 1)
+        failToWrite(path);
+}
+
 void writeBitmap(const std::string& path, const Picture& picture)
 {
     const ByteBlock block = makeBitmap(picture.pixels.data(), picture.width, picture.height);
@@ -106,7 +144,7 @@ void writeBitmap(const std::string& path, const Picture& picture)
 // The kinds of files, by the ending of the name.
 struct Kind {
     const char* ending;
-    Picture (*read)(const std::string& path); // null: cannot be read
+    Picture (*read)(const std::string& path);
     void (*write)(const std::string& path, const Picture& picture);
 };
 
@@ -116,7 +154,9 @@ constexpr Kind kinds[] = {
     { ".targa", readTarga, writeTarga },
     { ".clip", readThumbnail, writeThumbnail },
     { ".png", readPngPicture, writePngPicture },
-    { ".bmp", nullptr, writeBitmap },
+    { ".bmp", readBitmap, writeBitmap },
+    { ".jpg", readJpegPicture, writeJpegPicture },
+    { ".jpeg", readJpegPicture, writeJpegPicture },
 };
 
 const Kind* kindOf(const std::string& path)
@@ -132,13 +172,11 @@ const Kind* kindOf(const std::string& path)
     return nullptr;
 }
 
-std::string knownKinds(bool forReading)
+std::string knownKinds()
 {
     std::string names;
-    for (const Kind& kind : kinds) {
-        if (!forReading || kind.read != nullptr)
-            names += (names.empty() ? "" : ", ") + std::string(kind.ending);
-    }
+    for (const Kind& kind : kinds)
+        names += (names.empty() ? "" : ", ") + std::string(kind.ending);
     return names;
 }
 
@@ -147,9 +185,9 @@ std::string knownKinds(bool forReading)
 Picture readPicture(const std::string& path)
 {
     const Kind* kind = kindOf(path);
-    if (kind == nullptr || kind->read == nullptr)
+    if (kind == nullptr)
         throw UserError(
-            path + ": this kind of picture is not read; those read end in " + knownKinds(true));
+            path + ": this kind of picture is not read; those read end in " + knownKinds());
     return kind->read(path);
 }
 
@@ -157,8 +195,8 @@ void writePicture(const std::string& path, const Picture& picture)
 {
     const Kind* kind = kindOf(path);
     if (kind == nullptr)
-        throw UserError(path + ": this kind of picture is not written; those written end in "
-            + knownKinds(false));
+        throw UserError(
+            path + ": this kind of picture is not written; those written end in " + knownKinds());
     kind->write(path, picture);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// A picture as the store keeps it in memory, and its ways from and to files. The kind of a file is
 /// told by its name's ending: .clip (a thumbnail of 60 × 45 pixels, 8,100 bytes without a header),
-/// .png, .bmp (written only), .cam, .tga and .targa (Targa, written run-length encoded).
+/// .png, .bmp, .jpg and .jpeg, .cam, .tga and .targa (Targa, written run-length encoded).
 #pragma once
 
 #include <cstdint>

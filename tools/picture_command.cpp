@@ -40,17 +40,19 @@ void addPictureCommand(CLI::App& app)
     CLI::App* decoding = command->add_subcommand("decode",
         "Write a picture's bytes (blue, green, red; bottom row first) to standard output and its "
         "width and height to standard error");
-    decoding->add_option("file", *path, "A .cam, .tga, .targa, .clip or .png file")->required();
+    decoding->add_option("file", *path, "A .cam, .tga, .targa, .clip, .png, .bmp or .jpg file")
+        ->required();
     decoding->callback([path] { decode(*path); });
 
     const auto conversion = std::make_shared<Conversion>();
     CLI::App* converting = command->add_subcommand(
         "convert", "Turn a picture into another kind of file, told by the names' endings");
-    converting->add_option("in", conversion->from, "A .cam, .tga, .targa, .clip or .png file")
+    converting
+        ->add_option("in", conversion->from, "A .cam, .tga, .targa, .clip, .png, .bmp or .jpg file")
         ->required();
     converting
         ->add_option("out", conversion->to,
-            "The .cam, .tga, .targa, .clip (60 by 45), .png or .bmp file to write")
+            "The .cam, .tga, .targa, .clip (60 by 45), .png, .bmp or .jpg file to write")
         ->required();
     converting->callback(
         [conversion] { writePicture(conversion->to, readPicture(conversion->from)); });

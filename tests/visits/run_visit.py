@@ -35,6 +35,7 @@ import os
 import shlex
 import shutil
 import stat
+import struct
 import subprocess
 import sys
 from pathlib import Path
@@ -290,6 +291,26 @@ def colour_of(number):
     return number * 40 % 200 + 20, number * 9 % 200 + 20, number * 77 % 200 + 20
 
 
+def odd_exports(play):
+    """Six files to import, the last one sound, between things that are no files or no pictures."""
+    place = play.data / "export"
+    place.mkdir(parents=True)
+    pixels = (bytes((50, 100, 200)) * 5 + b"\0") * 3
+    head = b"BM" + struct.pack("<IIIIiiHHIIiiII", 54 + len(pixels), 0, 54, 40, 5, 3, 1, 24, 0, 0, 0,
+                               0, 0, 0)
+    (place / "a lie.jpg").write_bytes(head + pixels)
+    (place / "b cut.BMP").write_bytes((head + pixels)[:-9])
+    (place / "c empty.bmp").write_bytes(b"")
+    huge = head[:18] + struct.pack("<ii", 2**31 - 1, -(2**31)) + head[26:]
+    (place / "d huge.bmp").write_bytes(huge + pixels)
+    (place / "e text.JPG").write_text("no picture")
+    (place / "f sound.Bmp").write_bytes(head + pixels)
+    (place / "g text.txt").write_text("no picture")
+    (place / "h directory.jpg").mkdir()
+    (place / "i nowhere.jpg").symlink_to("nothing")
+    os.mkfifo(place / "j pipe.bmp")
+
+
 def folder_of_photographs(play):
     shutil.copytree(play.visit.parent / "photographs", play.work / "photographs")
 
@@ -305,6 +326,7 @@ PREPARATIONS = {
     "content-cut": content_cut,
     "content-garbled": content_garbled,
     "data-is-file": data_is_file,
+    "odd-exports": odd_exports,
     "data-read-only": data_read_only,
     "photographs": folder_of_photographs,
 }
