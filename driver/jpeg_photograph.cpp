@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "exif.h"
 #include "photograph_formats.h"
 #include "picture_reducer.h"
+#include "platform/exif_orientation.h"
 #include "platform/files.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "exif.h"
 #include "picture_files.h"
+#include "platform/exif_orientation.h"
 
 #include <gtest/gtest.h>
 
