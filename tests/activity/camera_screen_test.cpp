@@ -55,6 +55,7 @@ protected:
         endScene();
         while (!link.isIdle())
             Sleep(1);
+        fake.afterCall = nullptr; // the camera outlives the test
         ScreenTest::TearDown();
     }
 

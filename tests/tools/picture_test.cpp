@@ -83,6 +83,7 @@ TEST_F(Pictures, refuseInOneLine)
     folder.put("long.clip", std::string(8101, 'x'));
     folder.put("small.cam", "abc");
     folder.put("a.jpeg", "abc");
+    folder.put("a.gif", "abc");
     folder.put("nothing", "abc");
 
     const struct {
@@ -94,7 +95,8 @@ TEST_F(Pictures, refuseInOneLine)
         { "short.clip", "short.clip: it is no thumbnail" },
         { "long.clip", "long.clip: it is no thumbnail" },
         { "none.png", "none.png: the file cannot be read" },
-        { "a.jpeg", "a.jpeg: this kind of picture is not read" },
+        { "a.jpeg", "a.jpeg: it is missing, damaged, or" },
+        { "a.gif", "a.gif: this kind of picture is not read" },
         { "nothing", "nothing: this kind of picture is not read" },
     };
 
@@ -106,7 +108,7 @@ TEST_F(Pictures, refuseInOneLine)
         EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
     }
     writePicture(folder / "a.cam", sample());
-    EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "b.jpg" }).status, 1);
+    EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "b.gif" }).status, 1);
     EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "no/b.bmp" }).status, 1);
     EXPECT_EQ(runKez({ "picture" }).status, 2);
 }
