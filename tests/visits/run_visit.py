@@ -311,6 +311,14 @@ def odd_exports(play):
     os.mkfifo(place / "j pipe.bmp")
 
 
+def image_numbers_used(play):
+    """No number is left for a picture that is imported."""
+    photos = play.data / "photo"
+    photos.mkdir(parents=True, exist_ok=True)
+    for number in range(1, 1000):
+        (photos / f"Image{number:3d}.cam").write_bytes(b"kept")
+
+
 def folder_of_photographs(play):
     shutil.copytree(play.visit.parent / "photographs", play.work / "photographs")
 
@@ -326,8 +334,9 @@ PREPARATIONS = {
     "content-cut": content_cut,
     "content-garbled": content_garbled,
     "data-is-file": data_is_file,
-    "odd-exports": odd_exports,
     "data-read-only": data_read_only,
+    "image-numbers-used": image_numbers_used,
+    "odd-exports": odd_exports,
     "photographs": folder_of_photographs,
 }
 
