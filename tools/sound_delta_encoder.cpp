@@ -179,28 +179,36 @@ std::vector<std::uint8_t> writeSteps(const DeltaTable& table, std::span<const De
     return out.take();
 }
 
-} // namespace
+/// A stream and how far it is from the sound.
+struct Attempt {
+    std::vector<std::uint8_t> stream;
+    double error = std::numeric_limits<double>::infinity();
 
-std::vector<std::uint8_t> encodeDelta4(
-    std::span<const std::uint8_t> samples, const SoundProgress& progress)
+    void keepBetter(std::vector<std::uint8_t> other, double otherError)
+    {
+        if (otherError < error) {
+            stream = std::move(other);
+            error = otherError;
+        }
+    }
+};
+
+/// Closes in on the price of a bit at which escapes and runs just fit into the room.
+Attempt tradeBits(std::span<const std::uint8_t> samples, const SoundProgress& progress)
 {
     constexpr std::size_t passes = 9;
     constexpr std::size_t fittingPasses = 4;
-    constexpr float prohibitive = 1 << 22; // No escape is worth this.
     const std::size_t room = delta4TableSize + samples.size() / 2;
     DeltaTable table = firstTable(samples);
-    std::vector<std::uint8_t> best;
-    double leastError = std::numeric_limits<double>::infinity();
-    float power = 1; // Of two: the price of a bit. It closes in on where the stream just fits.
+    Attempt best;
+    float power = 1; // Of two.
     float change = 3;
     for (std::size_t pass = 0; pass < passes; ++pass) {
-        const auto steps = searchDeltas(samples, table, std::exp2(power));
+        const auto steps = searchDeltas(samples, table, pricesOfBits(std::exp2(power)));
         auto stream = writeSteps(table, steps);
         const bool fits = stream.size() <= room;
-        if (const double error = squaredError(samples, steps); fits && error < leastError) {
-            leastError = error;
-            best = std::move(stream);
-        }
+        if (fits)
+            best.keepBetter(std::move(stream), squaredError(samples, steps));
         if (pass < fittingPasses)
             refit(table, samples, steps);
         power += fits ? -change : change;
@@ -208,7 +216,41 @@ std::vector<std::uint8_t> encodeDelta4(
         if (progress)
             progress(pass + 1, passes);
     }
-    return best.empty() ? writeSteps(table, searchDeltas(samples, table, prohibitive)) : best;
+    return best;
+}
+
+/// One code for each sample, which always fits.
+void tryCodesOnly(std::span<const std::uint8_t> samples, Attempt& best)
+{
+    constexpr int passes = 4;
+    DeltaTable table = firstTable(samples);
+    for (int pass = 0; pass < passes; ++pass) {
+        const auto steps = searchDeltas(samples, table, codesOnly);
+        best.keepBetter(writeSteps(table, steps), squaredError(samples, steps));
+        refit(table, samples, steps);
+    }
+}
+
+/// Whether less than 12 dB of the sound stands out of the error.
+bool isPoor(const Attempt& attempt, std::span<const std::uint8_t> samples)
+{
+    constexpr double part = 16;
+    double power = 0;
+    for (const int sample : samples)
+        power += (sample - silence) * (sample - silence);
+    return attempt.error * part > power;
+}
+
+} // namespace
+
+std::vector<std::uint8_t> encodeDelta4(
+    std::span<const std::uint8_t> samples, const SoundProgress& progress)
+{
+    Attempt best = tradeBits(samples, progress);
+    // Where every sample jumps, escapes never fit and runs are silence.
+    if (isPoor(best, samples))
+        tryCodesOnly(samples, best);
+    return std::move(best.stream);
 }
 
 } // namespace kez::tools

@@ -7,6 +7,7 @@
 /// can have at each moment and keeps the cheapest way to each, where a way costs its squared error
 /// and λ for every bit. Escapes are so dear and runs so cheap that the silence between words pays
 /// for the exact samples at the start of loud ones. λ is the smallest that keeps within the size.
+/// Where that leaves little of the sound, one code for each sample is tried as well.
 #pragma once
 
 #include <cstddef>

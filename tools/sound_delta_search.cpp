@@ -14,10 +14,6 @@ constexpr int runMark = 255; // No escape tells this value.
 constexpr float never = std::numeric_limits<float>::infinity();
 constexpr std::size_t blockSamples = 8192; // Bounds the memory; a cut costs next to nothing.
 
-constexpr float codeBits = 4;
-constexpr float escapeBits = 12;
-constexpr float runBits = 20;
-
 using Prices = std::array<float, values>;
 
 /// How the cheapest way to each value came there, for one sample.
@@ -30,9 +26,9 @@ struct Origin {
 
 class Search {
 public:
-    Search(const DeltaTable& table, float bitPrice)
+    Search(const DeltaTable& table, const DeltaPrices& prices)
         : table_(table)
-        , bitPrice_(bitPrice)
+        , prices_(prices)
         , origins_(blockSamples)
     {
     }
@@ -56,7 +52,7 @@ private:
         for (std::size_t value = 0; value < values; ++value) {
             const float miss = static_cast<float>(static_cast<int>(value) - target);
             const float error = miss * miss;
-            const float started = best_[value] + runBits * bitPrice_;
+            const float started = best_[value] + prices_.run;
             origin.runGoesOn[value] = running_[value] <= started;
             running_[value] = std::min(running_[value], started) + error;
             const float coded = reached_[value] + error;
@@ -79,16 +75,16 @@ private:
     void reach(Origin& origin)
     {
         const auto cheapest = std::ranges::find(best_, 0.0f) - best_.begin();
-        reached_.fill(escapeBits * bitPrice_);
+        reached_.fill(prices_.escape);
         reached_[runMark] = never;
         origin.from.fill(static_cast<std::uint8_t>(cheapest));
         origin.code.fill(DeltaStep::escape);
         // From a value that is dearer than this, an escape from the cheapest one does better.
-        const float limit = (escapeBits - codeBits) * bitPrice_;
+        const float limit = prices_.escape - prices_.code;
         for (int from = 0; from < values; ++from) {
             const float price = best_[static_cast<std::size_t>(from)];
             if (price <= limit)
-                reachFrom(from, price + codeBits * bitPrice_, origin);
+                reachFrom(from, price + prices_.code, origin);
         }
     }
 
@@ -127,7 +123,7 @@ private:
     }
 
     const DeltaTable& table_;
-    const float bitPrice_;
+    const DeltaPrices prices_;
     Prices best_ {}; ///< Of the cheapest way to each value.
     Prices running_ {}; ///< Of the cheapest that ends in a run.
     Prices reached_ {};
@@ -136,14 +132,22 @@ private:
 
 } // namespace
 
+DeltaPrices pricesOfBits(float bitPrice)
+{
+    constexpr float codeBits = 4;
+    constexpr float escapeBits = 12;
+    constexpr float runBits = 20;
+    return { codeBits * bitPrice, escapeBits * bitPrice, runBits * bitPrice };
+}
+
 std::vector<DeltaStep> searchDeltas(
-    std::span<const std::uint8_t> samples, const DeltaTable& table, float bitPrice)
+    std::span<const std::uint8_t> samples, const DeltaTable& table, const DeltaPrices& prices)
 {
     std::vector<DeltaStep> steps;
     if (samples.empty())
         return steps;
     steps.reserve(samples.size() - 1);
-    Search search(table, bitPrice);
+    Search search(table, prices);
     int value = silence;
     for (std::size_t i = 1; i < samples.size(); i += blockSamples) {
         const std::size_t count = std::min(blockSamples, samples.size() - i);

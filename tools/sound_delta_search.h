@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -22,9 +23,21 @@ struct DeltaStep {
     std::uint8_t value; ///< What the decoder will hold.
 };
 
-/// One step for each sample but the first, which is 128. A step's price is its squared error and
-/// `bitPrice` for each of its bits.
+/// What it costs to tell a sample, in units of squared error. Infinite: never done.
+struct DeltaPrices {
+    float code;
+    float escape;
+    float run; ///< To begin one; to go on is free.
+};
+
+[[nodiscard]] DeltaPrices pricesOfBits(float bitPrice);
+
+constexpr DeltaPrices codesOnly { 0, std::numeric_limits<float>::infinity(),
+    std::numeric_limits<float>::infinity() };
+
+/// One step for each sample but the first, which is 128. A step costs its squared error and its
+/// price.
 std::vector<DeltaStep> searchDeltas(
-    std::span<const std::uint8_t> samples, const DeltaTable& table, float bitPrice);
+    std::span<const std::uint8_t> samples, const DeltaTable& table, const DeltaPrices& prices);
 
 } // namespace kez::tools
