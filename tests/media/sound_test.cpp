@@ -7,6 +7,7 @@
 #include "media/sound_record_bytes.h"
 #include "platform/temporary_folder.h"
 #include "support/host_window.h"
+#include "support/sound_recorder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -332,6 +333,34 @@ TEST_F(SoundTest, goesOnWhenNoBufferCanBeMade)
     EXPECT_THAT(log.text, HasSubstr("priority level"));
     EXPECT_TRUE(sound.isRegistered());
     EXPECT_TRUE(sound.buffer()->isSilent());
+}
+
+TEST_F(SoundTest, fallsSilentWhenTheDeviceIsLost)
+{
+    directSound->Release();
+    SoundRecorder device;
+    directSound = &device;
+    device.makeSound("song");
+    Sound sound("song");
+    sound.attach();
+    sound.play(true);
+    ASSERT_TRUE(device.plays("song"));
+    device.lose();
+    sound.play(false);
+    sound.stop();
+    sound.detach();
+    EXPECT_EQ(log.text, "");
+    EXPECT_EQ(device.loaded(), 0u);
+
+    sound.attach(); // finds a buffer that cannot be filled
+    EXPECT_THAT(log.text, HasSubstr(directSoundErrorText(DSERR_BUFFERLOST).c_str()));
+    ASSERT_TRUE(sound.isRegistered());
+    EXPECT_TRUE(sound.buffer()->isSilent());
+    EXPECT_EQ(sound.buffer()->play(false), 0u);
+    EXPECT_EQ(device.loaded(), 0u);
+    sound.detach();
+    EXPECT_EQ(device.begun().size(), 1u);
+    directSound = nullptr;
 }
 
 TEST(DirectSoundErrors, areToldInWords)
