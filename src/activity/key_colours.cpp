@@ -13,26 +13,36 @@ using PicturePixel = std::array<std::uint8_t, 3>;
 constexpr PicturePixel white { 255, 255, 255 };
 constexpr PicturePixel keyMagenta { 255, 0, 255 };
 constexpr PicturePixel maskedColour { 255, 255, 254 };
+constexpr PicturePixel nearlyWhite { 254, 255, 255 };
+constexpr PicturePixel nearlyMagenta { 255, 0, 254 };
 
-void replaceColour(
-    std::uint8_t* pixels, int count, const PicturePixel& from, const PicturePixel& to)
+// Byte by byte: of a photograph's millions of pixels most differ in the first one.
+bool has(const std::uint8_t* pixel, const PicturePixel& colour)
 {
-    for (std::uint8_t* pixel = pixels; count > 0; --count, pixel += 3)
-        if (std::equal(from.begin(), from.end(), pixel))
-            std::copy(to.begin(), to.end(), pixel);
+    return pixel[0] == colour[0] && pixel[1] == colour[1] && pixel[2] == colour[2];
+}
+
+void paint(std::uint8_t* pixel, const PicturePixel& colour)
+{
+    std::copy(colour.begin(), colour.end(), pixel);
 }
 
 } // namespace
 
 void protectKeyColours(std::uint8_t* pixels, int count)
 {
-    replaceColour(pixels, count, white, { 254, 255, 255 });
-    replaceColour(pixels, count, keyMagenta, { 255, 0, 254 });
+    for (; count > 0; --count, pixels += 3)
+        if (has(pixels, white))
+            paint(pixels, nearlyWhite);
+        else if (has(pixels, keyMagenta))
+            paint(pixels, nearlyMagenta);
 }
 
 void turnMagentaWhite(std::uint8_t* pixels, int count)
 {
-    replaceColour(pixels, count, keyMagenta, white);
+    for (; count > 0; --count, pixels += 3)
+        if (has(pixels, keyMagenta))
+            paint(pixels, white);
 }
 
 void applyMask(std::uint8_t* pixels, const std::uint8_t* mask, int count)
@@ -41,7 +51,7 @@ void applyMask(std::uint8_t* pixels, const std::uint8_t* mask, int count)
         return;
     for (int i = 0; i < count; ++i, pixels += 3)
         if (mask[i] != 0)
-            std::copy(maskedColour.begin(), maskedColour.end(), pixels);
+            paint(pixels, maskedColour);
 }
 
 } // namespace kez
