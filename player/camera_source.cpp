@@ -25,6 +25,12 @@ Function* CameraSource::find(const char* name) const
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(library_, name)));
 }
 
+bool CameraSource::setDemoDirectory(const std::string& directory)
+{
+    auto* set = find<decltype(qxdcSetDemoDirectory)>("qxdcSetDemoDirectory");
+    return set != nullptr && set(directory.c_str()) != 0;
+}
+
 bool CameraSource::choose(const std::string& source)
 {
     auto* set = find<decltype(qxdcSetSource)>("qxdcSetSource");

@@ -20,7 +20,10 @@ public:
 
     explicit operator bool() const { return library_ != nullptr; }
 
-    /// "demo" (the pictures in `data\demo` of the current directory), "none" or "folder:DIR".
+    /// Where "demo" finds its pictures; before `choose`.
+    bool setDemoDirectory(const std::string& directory);
+
+    /// "demo", "none" or "folder:DIR".
     bool choose(const std::string& source);
 
     bool takePicture(); ///< As a press of the camera's button.

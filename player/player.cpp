@@ -167,6 +167,13 @@ void Player::guideSpeaks(int clip, DWORD durationMs)
     captions_.say(clip, durationMs, timeGetTime());
 }
 
+// The demo pictures by their whole path: the voices of a language have a directory of their own.
+bool Player::chooseCamera()
+{
+    camera_.setDemoDirectory(places_.content + "/data/demo");
+    return camera_.choose(places_.camera);
+}
+
 // A line for each thing that is wrong but bearable.
 std::string Player::startNotes()
 {
@@ -176,7 +183,7 @@ std::string Player::startNotes()
     if (!camera_)
         notes += "The camera driver qxdcdll is not beside the program, so no camera will answer. "
                  "Install the program again.\n";
-    else if (!camera_.choose(places_.camera))
+    else if (!chooseCamera())
         notes += "The camera has no pictures: " + camera_.problem() + "\n";
     return notes;
 }

@@ -46,6 +46,7 @@ private:
     bool prepareGuide();
     void enterVoices();
     void note(const std::string& event);
+    bool chooseCamera();
     [[nodiscard]] std::string startNotes();
     bool complain(const std::string& text) const; // Always false.
 
