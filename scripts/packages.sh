@@ -13,6 +13,7 @@ packages_test=(
 )
 packages_windows=(
     g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev nasm bubblewrap xvfb
+    googletest clang lld llvm
 )
 packages_bench=(
     libbenchmark-dev libpixman-1-dev libsdl2-image-dev liblz4-dev libyuv-dev

@@ -58,7 +58,7 @@ protected:
     Listener listener;
     ThumbnailGrid grid;
     View other { 0, 0, 50, 0, 0, true, true };
-    Rectangle elsewhere { Placement { 0, 200, 0, 600, 40 }, true, black, 0 };
+    kez::Rectangle elsewhere { Placement { 0, 200, 0, 600, 40 }, true, black, 0 };
 };
 
 TEST_F(Grid, selectsTheCellThatIsClicked)

@@ -28,7 +28,8 @@ def exported(library):
 
 def named(path):
     """The members as this object's compiler names them."""
-    names = (line.split()[-1] for line in output("llvm-nm", "--undefined-only", path).splitlines())
+    nm = "nm" if path.suffix == ".o" else "i686-w64-mingw32-nm"
+    names = (line.split()[-1] for line in output(nm, "--undefined-only", path).splitlines())
     names = (re.sub(r"^(__imp_)_?(?=[?_])", "", name) for name in names)
     return {name for name in names if re.match(r"_ZN3Kez|[?]\w+@Kez@@", name)}
 

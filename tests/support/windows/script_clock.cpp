@@ -42,10 +42,25 @@ struct Clock {
     Clock() { InitializeCriticalSection(&lock); }
 };
 
+// Made before anything else. Not by the first who asks: two who ask at once would wait for each
+// other by means of the very functions that are replaced here.
+struct TheSystem {
+    Clock& clock = *new Clock; ///< Threads may outlive main.
+    decltype(&Sleep) sleep = kez::winapi::systemFunction<decltype(Sleep)>("kernel32", "Sleep");
+    decltype(&timeGetTime) time
+        = kez::winapi::systemFunction<decltype(timeGetTime)>("winmm", "timeGetTime");
+    decltype(&WaitForSingleObject) wait
+        = kez::winapi::systemFunction<decltype(WaitForSingleObject)>(
+            "kernel32", "WaitForSingleObject");
+    decltype(&CreateThread) createThread
+        = kez::winapi::systemFunction<decltype(CreateThread)>("kernel32", "CreateThread");
+};
+
+__attribute__((init_priority(101))) TheSystem theSystem;
+
 Clock& theClock()
 {
-    static Clock& only = *new Clock;
-    return only;
+    return theSystem.clock;
 }
 
 class Guard {
@@ -94,13 +109,6 @@ void lineUp(Rest& rest)
     theClock().line.push_back(&rest);
 }
 
-DWORD waitReally(HANDLE handle, DWORD milliseconds)
-{
-    static auto* const real = kez::winapi::systemFunction<decltype(WaitForSingleObject)>(
-        "kernel32", "WaitForSingleObject");
-    return real(handle, milliseconds);
-}
-
 // Gives up the turn until `rest` is due. False at once when the clock does not run for this thread.
 bool restUntilTurn(Rest& rest, DWORD milliseconds)
 {
@@ -114,38 +122,35 @@ bool restUntilTurn(Rest& rest, DWORD milliseconds)
         --clock.running;
         handOn();
     }
-    waitReally(rest.signal, INFINITE);
+    theSystem.wait(rest.signal, INFINITE);
     return true;
 }
 
 void WINAPI scriptSleep(DWORD milliseconds)
 {
-    static auto* const real = kez::winapi::systemFunction<decltype(Sleep)>("kernel32", "Sleep");
     Rest rest;
     if (!restUntilTurn(rest, milliseconds))
-        real(milliseconds);
+        theSystem.sleep(milliseconds);
 }
 
 DWORD WINAPI scriptTime()
 {
-    static auto* const real
-        = kez::winapi::systemFunction<decltype(timeGetTime)>("winmm", "timeGetTime");
     const Guard guard;
-    return theClock().runs ? static_cast<DWORD>(theClock().now) : real();
+    return theClock().runs ? static_cast<DWORD>(theClock().now) : theSystem.time();
 }
 
 DWORD WINAPI scriptWait(HANDLE handle, DWORD milliseconds)
 {
-    const DWORD already = waitReally(handle, 0);
+    const DWORD already = theSystem.wait(handle, 0);
     const DWORD thread = GetThreadId(handle);
     if (already != WAIT_TIMEOUT || milliseconds == 0 || thread == 0)
-        return already == WAIT_TIMEOUT ? waitReally(handle, milliseconds) : already;
+        return already == WAIT_TIMEOUT ? theSystem.wait(handle, milliseconds) : already;
     Rest rest;
     rest.endOf = thread;
     if (!restUntilTurn(rest, milliseconds))
-        return waitReally(handle, milliseconds);
+        return theSystem.wait(handle, milliseconds);
     // A thread that has handed on for good is about to be gone for the system too.
-    return waitReally(handle, rest.endOf == 0 ? INFINITE : 0);
+    return theSystem.wait(handle, rest.endOf == 0 ? INFINITE : 0);
 }
 
 struct Start {
@@ -175,7 +180,7 @@ DWORD WINAPI runThread(LPVOID passed)
     const std::unique_ptr<Start> start(static_cast<Start*>(passed));
     TlsSetValue(theClock().takesPart, start.get());
     if (start->inLine)
-        waitReally(start->birth.signal, INFINITE);
+        theSystem.wait(start->birth.signal, INFINITE);
     const DWORD result = start->routine(start->argument);
     endTurns();
     return result;
@@ -184,8 +189,6 @@ DWORD WINAPI runThread(LPVOID passed)
 HANDLE WINAPI scriptThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stackSize,
     LPTHREAD_START_ROUTINE routine, LPVOID argument, DWORD flags, LPDWORD id)
 {
-    static auto* const real
-        = kez::winapi::systemFunction<decltype(CreateThread)>("kernel32", "CreateThread");
     auto start = std::make_unique<Start>();
     start->routine = routine;
     start->argument = argument;
@@ -194,7 +197,8 @@ HANDLE WINAPI scriptThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stackSize,
     start->inLine = clock.runs;
     start->birth.wakeTime = clock.now;
     Start* const passed = start.get();
-    const HANDLE thread = real(attributes, stackSize, runThread, passed, flags, id);
+    const HANDLE thread
+        = theSystem.createThread(attributes, stackSize, runThread, passed, flags, id);
     if (thread == nullptr)
         return nullptr;
     start.release(); // now the thread's
