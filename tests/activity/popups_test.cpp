@@ -189,6 +189,65 @@ TEST_F(Popups, leaveNoHalfWrittenExport)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "export"), {}), 2);
 }
 
+TEST_F(Popups, exportOverAnEarlierExport)
+{
+    selectPicture();
+    exportPicture("~1", "Cat", "BMP");
+    const std::string whole = folder.get("export/Cat.BMP");
+    put("export/Cat.BMP", std::string(100'000, 'x'));
+    const int before = diskUsed;
+    exportPicture("~1", "Cat", "BMP");
+    EXPECT_TRUE(exportDone);
+    EXPECT_TRUE(folder.get("export/Cat.BMP") == whole);
+    EXPECT_EQ(diskUsed - before, 57'654 - 100'000);
+}
+
+TEST_F(Popups, exportNothingThroughALink)
+{
+    selectPicture();
+    put("export/Cat.BMP");
+    put("photo/kept.cam", "kept");
+    std::error_code error;
+    std::filesystem::create_symlink(folder / "photo/kept.cam", folder / "export/Dog.BMP", error);
+    if (error)
+        GTEST_SKIP() << "there are no links here: " << error.message();
+    exportPicture("~1", "Dog", "BMP");
+    EXPECT_TRUE(exportDone);
+    EXPECT_EQ(std::filesystem::file_size(folder / "export/Dog.BMP"), 57'654u);
+    EXPECT_EQ(folder.get("photo/kept.cam"), "kept");
+}
+
+TEST_F(Popups, exportAlthoughItsFolderHasGone)
+{
+    selectPicture();
+    click(exportButton);
+    std::filesystem::remove_all(folder / "export");
+    click(jpeg);
+    frames(2);
+    EXPECT_EQ(said(), clip::exported);
+    EXPECT_TRUE(has("export/Export  1.JPG"));
+}
+
+TEST_F(Popups, refuseAnExportWhoseTargetIsNoFile)
+{
+    selectPicture();
+    put("export/Cat.JPG/kept", "old");
+    put("export/Cat.BMP/kept", "old");
+    const int before = diskUsed;
+    for (const char* format : { "JPG", "BMP" }) {
+        exportPicture("~1", "Cat", format);
+        EXPECT_FALSE(exportDone);
+        EXPECT_EQ(folder.get(std::string("export/Cat.") + format + "/kept"), "old");
+    }
+    std::filesystem::remove_all(folder / "export");
+    put("export", "no folder");
+    exportPicture("~1", "Cat", "JPG");
+    EXPECT_FALSE(exportDone);
+    EXPECT_EQ(folder.get("export"), "no folder");
+    EXPECT_EQ(diskUsed, before);
+    EXPECT_TRUE(has("photo/~1.cam"));
+}
+
 TEST_F(Popups, closeRatherThanThrowAPictureAway)
 {
     selectPicture();

@@ -7,6 +7,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 using namespace kez;
 using namespace kez::test;
 using namespace kez::tools;
@@ -45,6 +48,49 @@ TEST_F(Pictures, comeBackFromEveryKindWithoutLoss)
     EXPECT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "e.bmp" }).status, 0);
     // 54 bytes of headers, rows of 141 bytes padded to 144.
     EXPECT_EQ(folder.get("e.bmp").size(), 54u + 144 * 33);
+}
+
+// Two ways out of a BMP: through our own reader, and by the bytes that its headers promise.
+TEST_F(Pictures, comeBackFromABitmap)
+{
+    const Picture picture = sample();
+    writePicture(folder / "a.cam", picture);
+    ASSERT_EQ(runKez({ "picture", "convert", folder / "a.cam", folder / "b.BMP" }).status, 0);
+    const KezRun run = runKez({ "picture", "decode", folder / "b.BMP" });
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(run.errors, "47 33\n");
+    EXPECT_TRUE(run.out == std::string(picture.pixels.begin(), picture.pixels.end()));
+    EXPECT_EQ(folder.get("b.BMP").substr(54 + 144, 141),
+        std::string(picture.pixels.begin() + 141, picture.pixels.begin() + 282));
+    folder.put("cut.bmp", folder.get("b.BMP").substr(0, 54 + 144 * 32));
+    const KezRun cut = runKez({ "picture", "decode", folder / "cut.bmp" });
+    EXPECT_EQ(cut.status, 1);
+    EXPECT_EQ(cut.out, "");
+    EXPECT_THAT(cut.errors, HasSubstr("cut.bmp"));
+}
+
+// Soft colours survive a JPEG nearly; its rows and channels must not be exchanged.
+TEST_F(Pictures, comeBackFromAJpegNearly)
+{
+    Picture picture { 64, 48, {} };
+    for (int y = 0; y < 48; ++y)
+        for (int x = 0; x < 64; ++x)
+            for (const int value : { 60 + x, 100 + y * 2, 220 - x - y })
+                picture.pixels.push_back(static_cast<std::uint8_t>(value));
+    writePicture(folder / "a.cam", picture);
+    for (const char* name : { "b.jpg", "c.JPEG" }) {
+        SCOPED_TRACE(name);
+        const KezRun run = runKez({ "picture", "convert", folder / "a.cam", folder / name });
+        ASSERT_EQ(run.status, 0) << run.errors;
+        const KezRun again = runKez({ "picture", "decode", folder / name });
+        EXPECT_EQ(again.errors, "64 48\n");
+        ASSERT_EQ(again.out.size(), picture.pixels.size());
+        int furthest = 0;
+        for (std::size_t i = 0; i < picture.pixels.size(); ++i)
+            furthest = std::max(furthest,
+                std::abs(static_cast<std::uint8_t>(again.out[i]) - int { picture.pixels[i] }));
+        EXPECT_LE(furthest, 12);
+    }
 }
 
 TEST_F(Pictures, decodeToPackedRowsAndASize)

@@ -224,6 +224,19 @@ def data_read_only(play):
     forbid_writing(play, "photo", ".")
 
 
+def exports_read_only(play):
+    """Two pictures, the first of them exported earlier, and an export folder that may only be
+    read."""
+    album(play, 2)
+    place = play.data / "export"
+    place.mkdir()
+    (place / "Photo  1.JPG").write_bytes(b"kept")
+    forbid_writing(play, "export")
+    if play.user is not None:  # all the rest is the player's own
+        for path in (play.data, *play.data.rglob("*")):
+            os.chown(path, play.user, -1)
+
+
 def forbid_writing(play, *directories):
     if os.geteuid() == 0:
         play.user = NOBODY
@@ -335,6 +348,7 @@ PREPARATIONS = {
     "content-garbled": content_garbled,
     "data-is-file": data_is_file,
     "data-read-only": data_read_only,
+    "exports-read-only": exports_read_only,
     "image-numbers-used": image_numbers_used,
     "odd-exports": odd_exports,
     "photographs": folder_of_photographs,
