@@ -5,7 +5,9 @@
 #include "media/jpeg_file.h"
 #include "media/jpeg_source.h"
 #include "platform/exif_orientation.h"
+#include "platform/large_memory.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -90,7 +92,7 @@ bool decode(Decoder& decoder, files::Reader& file)
     readHeader(decoder);
     jpeg_start_decompress(&info);
     decoder.pixels = static_cast<std::uint8_t*>(
-        std::malloc(std::size_t { info.output_width } * info.output_height * 3));
+        allocateLarge(std::size_t { info.output_width } * info.output_height * 3));
     if (decoder.pixels == nullptr)
         decoder.errors.giveUp("There is not enough memory for it");
     readRows(decoder);
