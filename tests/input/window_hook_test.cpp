@@ -62,8 +62,8 @@ TEST_F(WindowHookTest, hidesTheSystemCursorAndPassesTheRestOn)
     EXPECT_EQ(window.send(WM_SETCURSOR, 0, HTCLIENT), TRUE);
     EXPECT_FALSE(HostWindow::tookMessage(WM_SETCURSOR));
     EXPECT_EQ(window.send(HostWindow::ownMessage, 0, 0), HostWindow::answer);
-    for (const UINT message : { WM_KEYDOWN, WM_KEYUP, WM_CHAR, WM_MOUSEMOVE, WM_LBUTTONDOWN,
-             WM_LBUTTONUP, WM_ACTIVATEAPP }) {
+    for (const UINT message : std::initializer_list<UINT> { WM_KEYDOWN, WM_KEYUP, WM_CHAR,
+             WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_ACTIVATEAPP }) {
         window.send(message, 0, 0);
         EXPECT_TRUE(HostWindow::tookMessage(message)) << message;
     }

@@ -55,8 +55,9 @@ struct PlainJpeg {
             jpeg_write_marker(&info, JPEG_APP0 + 1, exif, sizeof exif);
         }
         while (info.next_scanline < info.image_height) {
-            auto* row = const_cast<JSAMPROW>(
-                pixels.data() + info.next_scanline * info.image_width * info.input_components);
+            auto* row = const_cast<JSAMPROW>(pixels.data()
+                + info.next_scanline * info.image_width
+                    * static_cast<unsigned>(info.input_components));
             jpeg_write_scanlines(&info, &row, 1);
         }
         jpeg_finish_compress(&info);
