@@ -29,10 +29,12 @@ public:
     std::vector<std::uint8_t> bytes;
 
 private:
-    void number(std::size_t value, int width)
+    void number(std::size_t value, std::size_t width)
     {
-        for (int i = 0; i < width; ++i)
-            bytes.push_back(static_cast<std::uint8_t>(value >> 8 * i));
+        const std::size_t end = bytes.size();
+        bytes.resize(end + width);
+        for (std::size_t i = 0; i < width; ++i)
+            bytes[end + i] = static_cast<std::uint8_t>(value >> 8 * i);
     }
 };
 
