@@ -55,4 +55,20 @@ std::string CameraSource::problem() const
     return problem != nullptr ? problem() : "there is no camera driver";
 }
 
+std::string demoDirectory(const std::string& content)
+{
+    return content + "/data/demo";
+}
+
+std::string cameraNote(CameraSource& camera, const std::string& content, const std::string& source)
+{
+    if (!camera)
+        return "The camera driver qxdcdll is not beside the program, so no camera will answer. "
+               "Install the program again.\n";
+    // By its whole path: the voices of a language have a directory of their own.
+    camera.setDemoDirectory(demoDirectory(content));
+    return camera.choose(source) ? std::string()
+                                 : "The camera has no pictures: " + camera.problem() + "\n";
+}
+
 } // namespace kez::player

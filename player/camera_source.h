@@ -39,4 +39,11 @@ private:
     HMODULE library_;
 };
 
+/// Where the content has the demonstration camera's pictures.
+[[nodiscard]] std::string demoDirectory(const std::string& content);
+
+/// Chooses the source; a line on why no picture will come, or nothing.
+[[nodiscard]] std::string cameraNote(
+    CameraSource& camera, const std::string& content, const std::string& source);
+
 } // namespace kez::player

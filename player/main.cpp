@@ -1,50 +1,29 @@
 // SPDX-License-Identifier: MIT
+#include "doctor.h"
 #include "options.h"
+#include "places.h"
 #include "player.h"
 
 #include "platform/desktop.h"
 #include "platform/files.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <utility>
 
 namespace {
 
 using namespace kez::player;
 namespace fs = std::filesystem;
 
-constexpr std::string_view folderPrefix = "folder:";
-
-std::string whole(const std::string& path)
-{
-    return path.empty() ? path : fs::absolute(path).string();
-}
-
-Options defaults()
-{
-    Options options;
-    options.data = kez::desktop::dataHome();
-    options.content = kez::desktop::programDirectory();
-    return options;
-}
-
-Places placesOf(const Options& options)
-{
-    Places places { whole(options.data), whole(options.content), whole(options.handedBack),
-        whole(options.log), fs::current_path().string(), options.camera };
-    if (options.camera.starts_with(folderPrefix))
-        places.camera
-            = std::string(folderPrefix) + whole(options.camera.substr(folderPrefix.size()));
-    return places;
-}
-
 // The steps of the visit that is asked for; none without one. Empty after a complaint.
 std::optional<std::vector<Step>> readVisit(const std::string& file)
 {
     if (file.empty())
         return std::vector<Step> {};
-    const auto bytes = kez::files::read(whole(file));
+    const auto bytes = kez::files::read(fs::absolute(file).string());
     if (!bytes) {
         std::cerr << file << ": the visit cannot be read\n";
         return std::nullopt;
@@ -58,19 +37,32 @@ std::optional<std::vector<Step>> readVisit(const std::string& file)
     return std::get<std::vector<Step>>(parsed);
 }
 
+ExitCode callDoctor(const Options& options, const Places& places)
+{
+    std::vector<Finding> findings = examineDevices(options, places);
+    for (Finding& finding : examineFiles(options, places))
+        findings.push_back(std::move(finding));
+    std::cout << reportOn(findings);
+    const bool allFine = std::ranges::all_of(findings, &Finding::isFine);
+    return allFine ? ExitCode::Fine : ExitCode::CouldNotStart;
+}
+
 } // namespace
 
 int main(int count, char** arguments)
 {
-    const Usage usage = readOptions(count, arguments, defaults(), std::cout, std::cerr);
+    const Usage usage = readOptions(count, arguments, usualOptions(), std::cout, std::cerr);
     if (!usage.start)
         return static_cast<int>(usage.exitCode);
     const Options& options = usage.options;
+    const Places places = placesFor(options);
+    if (options.doctor)
+        return static_cast<int>(callDoctor(options, places));
     const auto steps = readVisit(options.visit);
     if (!steps)
         return static_cast<int>(ExitCode::BadUsage);
     kez::desktop::showDebugOutput(options.verbose);
     if (options.headless && !options.visit.empty())
         kez::desktop::useScriptClock();
-    return static_cast<int>(Player(options, placesOf(options), *steps).play());
+    return static_cast<int>(Player(options, places, *steps).play());
 }

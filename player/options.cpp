@@ -15,8 +15,8 @@ constexpr const char* description
 constexpr const char* keys
     = "Keys: C camera, B photo book, Q or Escape quit, arrows and Enter on the "
       "desk; F11 full screen.\n"
-      "Ends with 0 when all went well, 1 when it could not start, 2 on wrong "
-      "usage, 3 when a step of a visit failed.";
+      "Ends with 0 when all went well, 1 when it could not start or --doctor found "
+      "something missing, 2 on wrong usage, 3 when a step of a visit failed.";
 
 // A source that the camera driver knows; empty when `text` is one, else the complaint.
 std::string checkCamera(const std::string& text)
@@ -42,6 +42,12 @@ void addActivity(CLI::App& app, Options& options)
         ->check(CLI::IsMember({ "camera", "book" }))
         ->option_text("NAME [camera]");
     app.add_option("--data", options.data, "Where the pictures are kept")->type_name("DIR");
+    auto* pictures = app.add_option("--pictures", options.pictures,
+                            "Where exports are copied to after a run [Kez in your Pictures folder]")
+                         ->type_name("DIR");
+    app.add_flag_callback(
+           "--no-pictures", [&] { options.pictures = ""; }, "Copy no exports")
+        ->excludes(pictures);
     app.add_option("--camera", options.camera,
            "Where pictures come from: demo, none, or folder:DIR (a folder of photographs)")
         ->check(checkCamera)
@@ -78,6 +84,8 @@ void addVisits(CLI::App& app, Options& options)
         ->type_name("FILE");
     app.add_option("--content", options.content, "The directory that holds data and audio")
         ->type_name("DIR");
+    app.add_flag("--doctor", options.doctor,
+        "Say what is there of display, sound, camera, content and room, and what to do");
     app.add_flag("--verbose", options.verbose, "Show diagnostics on standard error");
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 namespace kez::player {
@@ -16,6 +17,7 @@ enum class Activity { Camera, Book };
 struct Options {
     Activity activity = Activity::Camera;
     std::string data; ///< Where the pictures live.
+    std::optional<std::string> pictures; ///< Where exports are copied to; empty text: nowhere.
     std::string content; ///< The directory that holds `data` and `audio`.
     std::string camera = "demo"; ///< "demo", "none" or "folder:DIR".
     int depth = 32; ///< Bits of a pixel on the display: 16, 24 or 32.
@@ -27,6 +29,7 @@ struct Options {
     bool fullScreen = false;
     bool verbose = false;
     bool headless = false;
+    bool doctor = false; ///< Look at the computer instead of playing.
     std::string visit; ///< A file of steps, or empty.
     std::string log; ///< Where the guide's clips are written down, or empty.
     std::string handedBack; ///< Where the handed-back picture is written as PNG, or empty.

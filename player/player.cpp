@@ -79,6 +79,7 @@ Player::Player(const Options& options, Places places, std::vector<Step> steps)
     , places_(std::move(places))
     , isVisit_(!options.visit.empty())
     , visit_(std::move(steps), *this)
+    , copies_(places_.data + "\\export", places_.pictures)
 {
 }
 
@@ -88,16 +89,18 @@ ExitCode Player::play()
         return ExitCode::CouldNotStart;
     const OpenModule module(window_->handle(), sound_.get(), *display_, places_.data);
     enterVoices();
-    const std::string notes = startNotes();
-    std::cerr << notes;
-    desk_->setNotes(notes);
-    if (notes.empty())
+    notes_ = startNotes();
+    std::cerr << notes_;
+    desk_->setNotes(notes_);
+    if (notes_.empty())
         startRun(options_.activity);
     while (window_->pump() && !quits_) {
         if (isVisit_ && !passVisit())
             break;
         pass();
     }
+    if (runs_) // and the window was closed
+        std::cout << copies_.runEnds();
     return exitCode_;
 }
 
@@ -167,25 +170,13 @@ void Player::guideSpeaks(int clip, DWORD durationMs)
     captions_.say(clip, durationMs, timeGetTime());
 }
 
-// The demo pictures by their whole path: the voices of a language have a directory of their own.
-bool Player::chooseCamera()
-{
-    camera_.setDemoDirectory(places_.content + "/data/demo");
-    return camera_.choose(places_.camera);
-}
-
 // A line for each thing that is wrong but bearable.
 std::string Player::startNotes()
 {
     std::string notes = dataNote(places_.data);
     if (!display_->problem().empty())
         notes += display_->problem() + ".\n";
-    if (!camera_)
-        notes += "The camera driver qxdcdll is not beside the program, so no camera will answer. "
-                 "Install the program again.\n";
-    else if (!chooseCamera())
-        notes += "The camera has no pictures: " + camera_.problem() + "\n";
-    return notes;
+    return notes + cameraNote(camera_, places_.content, places_.camera);
 }
 
 // In a box for a person at a window; visits and headless starts read it on standard error.
@@ -228,6 +219,7 @@ bool Player::passVisit()
 
 void Player::startRun(Activity activity)
 {
+    copies_.runStarts();
     Kez::run(activity == Activity::Camera ? Kez::camera : Kez::book, options_.diskBudget,
         options_.song, options_.intro);
     runs_ = true;
@@ -237,6 +229,9 @@ void Player::startRun(Activity activity)
 void Player::endRun()
 {
     note("exit");
+    const std::string copied = copies_.runEnds();
+    std::cout << copied << std::flush;
+    desk_->setNotes(notes_ + copied);
     HandedBack handedBack = takeHandedBack();
     if (!places_.handedBack.empty() && !handedBack.picture.empty()
         && !writePng(places_.handedBack, handedBack.picture))

@@ -7,8 +7,10 @@
 #include "captions.h"
 #include "desk.h"
 #include "display.h"
+#include "export_copies.h"
 #include "host_window.h"
 #include "options.h"
+#include "places.h"
 #include "sound_output.h"
 #include "visit_player.h"
 
@@ -19,16 +21,6 @@
 #include <vector>
 
 namespace kez::player {
-
-/// The directories and files of one start: whole paths, which hold wherever the program goes.
-struct Places {
-    std::string data; ///< Where the pictures live.
-    std::string content; ///< Holds `data` and `audio`; the module runs there.
-    std::string handedBack; ///< A PNG file, or empty.
-    std::string log; ///< A text file, or empty.
-    std::string shots; ///< Where a visit's screenshots go.
-    std::string camera; ///< The camera's source; its folder is a whole path, too.
-};
 
 class Player : private WindowClient, private VisitHost {
 public:
@@ -46,7 +38,6 @@ private:
     bool prepareGuide();
     void enterVoices();
     void note(const std::string& event);
-    bool chooseCamera();
     [[nodiscard]] std::string startNotes();
     bool complain(const std::string& text) const; // Always false.
 
@@ -85,6 +76,7 @@ private:
     Places places_;
     bool isVisit_;
     VisitPlayer visit_;
+    ExportCopies copies_;
     CameraSource camera_;
     std::unique_ptr<HostWindow> window_;
     std::unique_ptr<Display> display_;
@@ -93,6 +85,7 @@ private:
     std::ofstream log_;
     ComPointer<IDirectDrawSurface> paper_;
     std::unique_ptr<Desk> desk_;
+    std::string notes_; ///< What is wrong but bearable since the start.
     bool runs_ = false;
     bool deskIsStale_ = true;
     bool quits_ = false;

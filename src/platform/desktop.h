@@ -11,6 +11,10 @@ namespace kez::desktop {
 /// the application data folder. Not created here.
 [[nodiscard]] std::string dataHome();
 
+/// The folder where a person looks for pictures, in their own language and where they moved it to;
+/// empty when they want none. Not created here.
+[[nodiscard]] std::string picturesHome();
+
 /// The directory that holds the running program's file.
 [[nodiscard]] std::string programDirectory();
 

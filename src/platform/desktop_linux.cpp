@@ -3,8 +3,12 @@
 
 #include "control_kernel.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <fstream>
+#include <optional>
+#include <string_view>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -22,14 +26,51 @@ std::string home()
     return user != nullptr ? user->pw_dir : "";
 }
 
+// A relative path in such a variable is to be ignored.
+std::string directoryFrom(const char* variable, const char* usualBelowHome)
+{
+    const char* const told = std::getenv(variable);
+    return told != nullptr && *told == '/' ? std::string(told) : home() + usualBelowHome;
+}
+
+// A line of the person's list of folders, which is written as a shell reads it: NAME="$HOME/..." or
+// NAME="/...". Nothing for another name or another form.
+std::optional<std::string> folderIn(std::string_view line, std::string_view name)
+{
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    if (!line.starts_with(name) || !line.substr(name.size()).starts_with("=\""))
+        return std::nullopt;
+    line.remove_prefix(name.size() + 2);
+    const bool belowHome = line.starts_with("$HOME");
+    if (belowHome)
+        line.remove_prefix(5);
+    else if (!line.starts_with('/'))
+        return std::nullopt;
+    std::string folder = belowHome ? home() : std::string();
+    for (std::size_t i = 0; i < line.size() && line[i] != '"'; ++i) {
+        if (line[i] == '\\' && i + 1 < line.size())
+            ++i;
+        folder += line[i];
+    }
+    return folder;
+}
+
 } // namespace
 
 std::string dataHome()
 {
-    // A relative path in the variable is to be ignored.
-    const char* const told = std::getenv("XDG_DATA_HOME");
-    const bool usable = told != nullptr && *told == '/';
-    return (usable ? std::string(told) : home() + "/.local/share") + "/kez";
+    return directoryFrom("XDG_DATA_HOME", "/.local/share") + "/kez";
+}
+
+std::string picturesHome()
+{
+    std::string folder = home() + "/Pictures";
+    std::ifstream list(directoryFrom("XDG_CONFIG_HOME", "/.config") + "/user-dirs.dirs");
+    for (std::string line; std::getline(list, line);)
+        folder = folderIn(line, "XDG_PICTURES_DIR").value_or(folder);
+    // A person who wants no such folder has the home directory itself there.
+    const bool isHome = folder == home() || folder == home() + '/';
+    return isHome ? std::string() : folder;
 }
 
 std::string programDirectory()

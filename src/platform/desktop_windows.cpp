@@ -22,13 +22,24 @@ LONG CALLBACK copyToStandardError(EXCEPTION_POINTERS* raised)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
+// Empty when the person has no such folder.
+std::string folderOf(int which)
+{
+    char path[MAX_PATH];
+    return SHGetFolderPathA(nullptr, which, nullptr, 0, path) == S_OK ? path : "";
+}
+
 } // namespace
 
 std::string dataHome()
 {
-    char folder[MAX_PATH];
-    const HRESULT found = SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, 0, folder);
-    return found == S_OK ? std::string(folder) + "\\kez" : "kez";
+    const std::string folder = folderOf(CSIDL_APPDATA);
+    return folder.empty() ? "kez" : folder + "\\kez";
+}
+
+std::string picturesHome()
+{
+    return folderOf(CSIDL_MYPICTURES);
 }
 
 std::string programDirectory()

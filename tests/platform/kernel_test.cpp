@@ -186,5 +186,26 @@ TEST(Desktop, dataLiesUnderTheDataHome)
     EXPECT_EQ(desktop::dataHome(), "/home/child/.local/share/kez");
 }
 
+TEST(Desktop, picturesLieWhereThePersonPutThem)
+{
+    const test::TemporaryFolder folder;
+    ::setenv("HOME", "/home/child", 1);
+    ::setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
+    EXPECT_EQ(desktop::picturesHome(), "/home/child/Pictures"); // without a list
+    const std::pair<const char*, const char*> cases[] {
+        { "XDG_MUSIC_DIR=\"/m\"\n  XDG_PICTURES_DIR=\"$HOME/Meine Bilder\"\n",
+            "/home/child/Meine Bilder" },
+        { "XDG_PICTURES_DIR=\"/disk/a \\\"b\\\"\" # mine\n", "/disk/a \"b\"" },
+        { "XDG_PICTURES_DIR=\"/old\"\nXDG_PICTURES_DIR=\"/new\"", "/new" },
+        { "#XDG_PICTURES_DIR=\"/no\"\nXDG_PICTURES_DIR=relative\n", "/home/child/Pictures" },
+        { "XDG_PICTURES_DIR=\"$HOME/\"\n", "" },
+    };
+    for (const auto& [list, expected] : cases) {
+        folder.put("user-dirs.dirs", list);
+        EXPECT_EQ(desktop::picturesHome(), expected) << list;
+    }
+    ::unsetenv("XDG_CONFIG_HOME");
+}
+
 } // namespace
 } // namespace kez

@@ -46,10 +46,10 @@ TEST(Options, startWithTheCameraWhenNothingIsAsked)
 
 TEST(Options, takeEverythingThatIsAsked)
 {
-    const Answer full
-        = answer({ "--module", "book", "--data", "d", "--camera", "folder:a b", "--depth", "16",
-            "--disk-budget", "0", "--no-song", "--no-intro", "--fullscreen", "--verbose",
-            "--headless", "--visit", "v.visit", "--handed-back", "h.png", "--content", "c" });
+    const Answer full = answer({ "--module", "book", "--data", "d", "--camera", "folder:a b",
+        "--depth", "16", "--disk-budget", "0", "--no-song", "--no-intro", "--fullscreen",
+        "--verbose", "--headless", "--visit", "v.visit", "--handed-back", "h.png", "--content", "c",
+        "--pictures", "p", "--doctor" });
     ASSERT_TRUE(full.usage.start) << full.err;
     const Options& options = full.usage.options;
     EXPECT_EQ(options.activity, Activity::Book);
@@ -65,6 +65,9 @@ TEST(Options, takeEverythingThatIsAsked)
     EXPECT_EQ(options.visit, "v.visit");
     EXPECT_EQ(options.handedBack, "h.png");
     EXPECT_EQ(options.content, "c");
+    EXPECT_EQ(options.pictures, "p");
+    EXPECT_TRUE(options.doctor);
+    EXPECT_EQ(answer({ "--no-pictures" }).usage.options.pictures, "");
 }
 
 TEST(Options, refuseWhatIsOutOfRange)
@@ -72,7 +75,7 @@ TEST(Options, refuseWhatIsOutOfRange)
     const std::vector<std::vector<const char*>> cases { { "--depth", "8" }, { "--depth", "x" },
         { "--disk-budget", "-1" }, { "--disk-budget", "2147483648" }, { "--module", "album" },
         { "--camera", "webcam" }, { "--camera", "folder:" }, { "--data" }, { "stray" },
-        { "--unknown" } };
+        { "--pictures", "p", "--no-pictures" }, { "--unknown" } };
     for (const auto& arguments : cases) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         const Answer refused = answer(arguments);

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "export_copies.h"
+
+#include "platform/files.h"
+
+#include <utility>
+
+namespace kez::player {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int mostCopies = 999; // Of one name.
+
+std::string joined(const std::string& folder, const std::string& name)
+{
+    return folder + "\\" + name;
+}
+
+// "Image  1.JPG" as it is, then "Image  1 (2).JPG" and so on.
+std::string nameOfCopy(const std::string& name, int number)
+{
+    const fs::path path(name);
+    return number == 1
+        ? name
+        : path.stem().string() + " (" + std::to_string(number) + ")" + path.extension().string();
+}
+
+enum class Outcome { Copied, WasThere, Failed };
+
+Outcome copyTo(const std::string& folder, const std::string& name, const files::Bytes& bytes)
+{
+    for (int number = 1; number <= mostCopies; ++number) {
+        const std::string place = joined(folder, nameOfCopy(name, number));
+        if (!files::exists(place))
+            return files::write(place, bytes) ? Outcome::Copied : Outcome::Failed;
+        if (files::read(place) == bytes)
+            return Outcome::WasThere;
+    }
+    return Outcome::Failed;
+}
+
+void append(std::string& list, const std::string& name)
+{
+    list += (list.empty() ? "" : ", ") + name;
+}
+
+} // namespace
+
+ExportCopies::ExportCopies(std::string from, std::string to)
+    : from_(std::move(from))
+    , to_(std::move(to))
+{
+}
+
+void ExportCopies::runStarts()
+{
+    if (!to_.empty())
+        before_ = stamps();
+}
+
+std::string ExportCopies::runEnds() const
+{
+    if (to_.empty())
+        return {};
+    std::string copied;
+    std::string failed;
+    for (const auto& [name, stamp] : stamps()) {
+        const auto old = before_.find(name);
+        if (old != before_.end() && old->second == stamp)
+            continue;
+        std::error_code ignored; // the copy tells
+        fs::create_directories(to_, ignored);
+        const auto bytes = files::read(joined(from_, name));
+        const Outcome outcome = bytes ? copyTo(to_, name, *bytes) : Outcome::Failed;
+        if (outcome != Outcome::WasThere)
+            append(outcome == Outcome::Copied ? copied : failed, name);
+    }
+    std::string text;
+    if (!copied.empty())
+        text = "Copied to " + to_ + ": " + copied + "\n";
+    if (!failed.empty())
+        text += to_ + " takes no copy of " + failed + ", which stays in " + from_ + ". "
+            + "Name another folder with --pictures DIR.\n";
+    return text;
+}
+
+ExportCopies::Stamps ExportCopies::stamps() const
+{
+    Stamps result;
+    for (const files::Entry& entry : files::list(from_)) {
+        const fs::path file = files::nativePath(joined(from_, entry.name));
+        std::error_code error;
+        const Stamp stamp { fs::file_size(file, error), fs::last_write_time(file, error) };
+        if (!error)
+            result.emplace(entry.name, stamp);
+    }
+    return result;
+}
+
+} // namespace kez::player

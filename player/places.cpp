@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "places.h"
+
+#include "start_checks.h"
+
+#include "platform/desktop.h"
+
+#include <filesystem>
+
+namespace kez::player {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string whole(const std::string& path)
+{
+    return path.empty() ? path : fs::absolute(path).string();
+}
+
+std::string usualContent()
+{
+    const fs::path beside = desktop::programDirectory();
+    const std::string installed = (beside / KEZ_INSTALLED_CONTENT).lexically_normal().string();
+    return missingContent(beside.string()).empty() || !missingContent(installed).empty()
+        ? beside.string()
+        : installed;
+}
+
+std::string picturesFor(const Options& options)
+{
+    if (options.pictures)
+        return whole(*options.pictures);
+    const bool isWatched = !options.headless && options.visit.empty();
+    const std::string home = isWatched ? desktop::picturesHome() : std::string();
+    return home.empty() ? home : (fs::path(home) / "Kez").string();
+}
+
+std::string cameraFor(const Options& options)
+{
+    const std::string_view prefix = folderPrefix;
+    if (!options.camera.starts_with(prefix))
+        return options.camera;
+    return folderPrefix + whole(options.camera.substr(prefix.size()));
+}
+
+} // namespace
+
+Options usualOptions()
+{
+    Options options;
+    options.data = desktop::dataHome();
+    options.content = usualContent();
+    return options;
+}
+
+Places placesFor(const Options& options)
+{
+    return { whole(options.data), whole(options.content), picturesFor(options),
+        whole(options.handedBack), whole(options.log), fs::current_path().string(),
+        cameraFor(options) };
+}
+
+} // namespace kez::player
