@@ -11,9 +11,10 @@ constexpr const char* endsEarly = "the compressed data end early";
 constexpr const char* pastBlock = "the compressed data hold more than they announce";
 constexpr const char* sourceAhead = "the compressed data repeat bytes that do not exist yet";
 
-// Bytes moved at once while the margins allow it, whatever the token asks for: moving too much and
-// then advancing by the true length is faster than moving the true length.
+// Bytes moved at once where there is room, whatever the token asks for: moving too much and then
+// advancing by the true length is faster than moving the true length.
 constexpr std::size_t step = 32;
+constexpr std::ptrdiff_t longRoom = dif1LongestCopy + step;
 
 class Expansion {
 public:
@@ -28,16 +29,13 @@ public:
 
     const char* run()
     {
-        for (;;) {
-            while (hasMargins() && *in_ != 0) {
-                if (const char* fault = wideToken())
-                    return fault;
-            }
-            if (const char* fault = exactToken())
+        while (!ended_) {
+            if (position() >= dif1Reach)
+                commonTokens();
+            if (const char* fault = token())
                 return fault;
-            if (ended_)
-                return nullptr;
         }
+        return nullptr;
     }
 
 private:
@@ -47,63 +45,76 @@ private:
 
     [[nodiscard]] std::size_t position() const { return static_cast<std::size_t>(out_ - block_); }
 
-    [[nodiscard]] bool hasMargins() const
+    // Nearly all there is: literals and copies of up to a step take one move, without a branch on
+    // what the token is, for that cannot be foretold. Ends in front of the first token that is
+    // something else or lies near the ends. Behind the first `dif1Reach` bytes every v is in reach,
+    // and a literal may look like any distance without harm.
+    void commonTokens()
     {
-        return left() > step && room() >= dif1LongestCopy + step;
+        const std::uint8_t* in = in_;
+        std::uint8_t* out = out_;
+        while (inEnd_ - in > static_cast<std::ptrdiff_t>(step) && outEnd_ - out >= longRoom) {
+            const std::size_t count = *in;
+            const std::size_t distance = dif1Reach - valueAt(in + 1);
+            // Two halves, one after the other, repeat a pattern of at least half a step.
+            const std::size_t most = distance >= step / 2 ? step : distance;
+            if (count - 1 >= most) {
+                if (count <= 2 || !copyLong(out, distance, count)) // 0 passes for a large count
+                    break;
+                in += 3;
+                out += count;
+                continue;
+            }
+            moveStep(out, sourceOf(in, out, count <= 2, distance));
+            in += 3 - static_cast<std::size_t>(count == 1);
+            out += count;
+        }
+        in_ = in;
+        out_ = out;
     }
 
-    // Where the copy token at `token` takes its bytes from, as a position in the output.
-    [[nodiscard]] std::size_t copySource(const std::uint8_t* token) const
+    // Chosen by a mask; a condition would become a branch.
+    static const std::uint8_t* sourceOf(
+        const std::uint8_t* token, std::uint8_t* out, bool isLiteral, std::size_t distance)
     {
-        const std::size_t v = token[1] | static_cast<std::size_t>(token[2]) << 8;
-        return dif1Base(position()) + v;
+        const auto literal = reinterpret_cast<std::uintptr_t>(token + 1);
+        const auto copied = reinterpret_cast<std::uintptr_t>(out - distance);
+        const std::uintptr_t mask = 0 - static_cast<std::uintptr_t>(isLiteral);
+        return reinterpret_cast<const std::uint8_t*>(copied ^ ((copied ^ literal) & mask));
     }
 
-    // A literal or a copy with `step` readable bytes after the control byte and room for the
-    // longest copy and a step. Literals and short copies take the same path: one move.
-    const char* wideToken()
+    static void moveStep(std::uint8_t* to, const std::uint8_t* from)
     {
-        const std::size_t count = *in_;
-        const bool literal = count <= 2;
-        const std::size_t copied = copySource(in_);
-        if (!literal && copied >= position())
-            return sourceAhead;
-        const std::uint8_t* source = literal ? in_ + 1 : block_ + copied;
-        if (literal || (position() - copied >= step && count <= step))
-            std::memcpy(out_, source, step);
-        else
-            copyWide(source, count);
-        in_ += literal ? 1 + count : 3;
-        out_ += count;
-        return nullptr;
+        std::memcpy(to, from, step / 2);
+        std::memcpy(to + step / 2, from + step / 2, step / 2);
     }
 
-    void copyWide(const std::uint8_t* source, std::size_t count)
+    // What does not overlap and what repeats one pixel of a sprite; false for the rest.
+    static bool copyLong(std::uint8_t* out, std::size_t distance, std::size_t count)
     {
-        const auto distance = static_cast<std::size_t>(out_ - source);
         if (distance >= step) {
             for (std::size_t done = 0; done < count; done += step)
-                std::memcpy(out_ + done, source + done, step);
-        } else if (distance == 1) {
-            std::memset(out_, *source, count);
-        } else {
-            copyPattern(source, distance, count);
+                moveStep(out + done, out + done - distance);
+            return true;
         }
+        std::uint32_t pixel;
+        if (distance != sizeof pixel)
+            return false;
+        std::memcpy(&pixel, out - distance, sizeof pixel);
+        const std::array<std::uint32_t, step / sizeof pixel / 2> pixels { pixel, pixel, pixel,
+            pixel };
+        for (std::size_t done = 0; done < count; done += sizeof pixels)
+            std::memcpy(out + done, pixels.data(), sizeof pixels);
+        return true;
     }
 
-    // The source overlaps the target, so its bytes repeat: each round doubles what may be copied.
-    void copyPattern(const std::uint8_t* source, std::size_t distance, std::size_t count)
+    static std::size_t valueAt(const std::uint8_t* bytes)
     {
-        std::size_t done = 0;
-        while (done < count) {
-            const std::size_t piece = std::min(distance + done, count - done);
-            std::memcpy(out_ + done, source, piece);
-            done += piece;
-        }
+        return bytes[0] | static_cast<std::size_t>(bytes[1]) << 8;
     }
 
-    // Any token, near the ends of the data or of the block.
-    const char* exactToken()
+    // Any token, anywhere.
+    const char* token()
     {
         if (left() < 2)
             return endsEarly;
@@ -119,7 +130,7 @@ private:
         if (count > room())
             return pastBlock;
         ended_ = count == 0;
-        // Wide moves may have left bytes behind p.
+        // Whole steps may have left bytes behind p.
         std::fill_n(out_, ended_ ? std::min(room(), step) : count, std::uint8_t { 0 });
         in_ += 2;
         out_ += count;
@@ -144,14 +155,24 @@ private:
             return endsEarly;
         if (count > room())
             return pastBlock;
-        if (copySource(in_) >= position())
+        const std::size_t source = dif1Base(position()) + valueAt(in_ + 1);
+        if (source >= position())
             return sourceAhead;
-        const std::uint8_t* source = block_ + copySource(in_);
-        for (std::size_t i = 0; i < count; ++i)
-            out_[i] = source[i];
+        copyPattern(block_ + source, position() - source, count);
         in_ += 3;
         out_ += count;
         return nullptr;
+    }
+
+    // The source may overlap the target, so that its bytes repeat: each round doubles what may be
+    // copied.
+    void copyPattern(const std::uint8_t* source, std::size_t distance, std::size_t count)
+    {
+        for (std::size_t done = 0; done < count;) {
+            const std::size_t piece = std::min(distance + done, count - done);
+            std::memcpy(out_ + done, source, piece);
+            done += piece;
+        }
     }
 
     const std::uint8_t* in_;

@@ -104,6 +104,13 @@ TEST(Dif1, refusesStreamsThatLeaveTheirBounds)
     Bytes stream { 1, 'a', 3, 9, 0 };
     stream.resize(100, 1);
     EXPECT_NE(expand(stream, 1000).fault, nullptr);
+    // A source at p where every v is in reach.
+    stream.clear();
+    for (int skip = 0; skip < 300; ++skip)
+        stream.insert(stream.end(), { 0, 255 });
+    stream.insert(stream.end(), { 3, 0xFF, 0xFF });
+    stream.resize(stream.size() + 100, 1);
+    EXPECT_NE(expand(stream, 100'000).fault, nullptr);
 }
 
 TEST(Dif1, agreesWithThePlainRuleOnRandomStreams)
