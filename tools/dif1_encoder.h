@@ -2,9 +2,11 @@
 /// Compresses an archive. The stream's tokens are those of media/dif1.h; skips are not used, so the
 /// stream also expands into a block that was not cleared.
 ///
-/// Work is done in three passes: the longest earlier match at every position, the cheapest way from
-/// every position to the end (every literal costs one byte more than it holds, every copy three
-/// bytes), and the tokens along that way. Nine bytes of memory for each byte of input.
+/// The stream is the shortest that such tokens allow: the longest earlier match is found at every
+/// position (see match_finder.h), then, from the end backwards, the cheapest way from every
+/// position to the end (every literal costs one byte more than it holds, every copy three bytes).
+/// Four bytes of memory for each byte of input, besides input and output; about a second for 4 MB
+/// of pictures.
 #pragma once
 
 #include <cstddef>
