@@ -65,7 +65,7 @@ void ActivityScreen::onLeave()
     view_.visible = false;
     pointer_.unrealize();
     helpPointer_.unrealize();
-    for (Sound* sound : { &shutterSound_, &tapSound_, &badSound_, &trashSound_ })
+    for (Sound* sound : sounds())
         sound->detach();
 }
 

@@ -13,6 +13,8 @@
 #include "media/sound.h"
 #include "sprites/image.h"
 
+#include <array>
+
 namespace kez {
 
 inline bool helpMode = false; ///< Survives a change of screens.
@@ -27,6 +29,16 @@ public:
     virtual void hover(Service& service) = 0;
 
     void tap() { tapSound_.play(false); }
+
+    [[nodiscard]] std::array<const Image*, 2> pointers() const
+    {
+        return { &pointer_, &helpPointer_ };
+    }
+
+    [[nodiscard]] std::array<Sound*, 4> sounds()
+    {
+        return { &shutterSound_, &tapSound_, &badSound_, &trashSound_ };
+    }
 
 protected:
     /// Lights the button when the pointer is on it; returns whether it is.

@@ -65,10 +65,20 @@ CameraScreen::CameraScreen()
     grid_.setClient(this);
 }
 
+GridLayout CameraScreen::layout()
+{
+    return { cellWidth, cellHeight, cellPositions };
+}
+
+std::vector<Image*> CameraScreen::images()
+{
+    return { &importButton_, &exportButton_, &returnButton_, &trashButton_, &backdrop_,
+        &cameraButton_, &bookButton_, &helpButton_, &saveButton_ };
+}
+
 void CameraScreen::create()
 {
-    for (Image* image : { &importButton_, &exportButton_, &returnButton_, &trashButton_, &backdrop_,
-             &cameraButton_, &bookButton_, &helpButton_, &saveButton_ })
+    for (Image* image : images())
         view_.add(*image);
 }
 

@@ -9,6 +9,7 @@
 #include "media/camera.h"
 
 #include <array>
+#include <vector>
 
 namespace kez {
 
@@ -23,6 +24,13 @@ public:
     void hover(Service& service) override;
 
     [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
+
+    [[nodiscard]] static GridLayout layout();
+
+    /// What lies in its view, in the order in which it is added; the backdrop shows.
+    [[nodiscard]] std::vector<Image*> images();
+
+    [[nodiscard]] const std::array<Image, 9>& busyFrames() const { return busyFrames_; }
 
     void goOnTo(SaveDialog::Destination destination); ///< Without a question.
 

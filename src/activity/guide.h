@@ -72,6 +72,11 @@ constexpr int nameRefused = 22;
 constexpr int exported = 25;
 constexpr int saved = 26;
 constexpr int importedIntoBook = 28;
+
+/// All of them; the other clips of the guide are never asked for.
+constexpr int asked[] = { help, introduction, bookCamera, camera, book, save, importPicture,
+    exportPicture, trash, giveBack, turnPage, saveQuestion, noRoom, notStored, unreadable, imported,
+    nothingToSave, bookCell, nameRefused, exported, saved, importedIntoBook };
 } // namespace clip
 
 void sayGuide(int clipId); ///< `guide().playClip(0, clipId)`.

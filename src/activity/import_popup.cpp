@@ -63,12 +63,18 @@ ImportPopup::ImportPopup()
 {
     keyService_.setClient(this);
     addButtons({ &okButton_, &cancelButton_, &upButton_, &downButton_ });
-    Placement place = topRow;
-    for (auto& row : labels_) {
-        row = std::make_unique<Text>("", place, true, black);
-        view_.add(*row);
-        place.y += topRow.height;
+    for (int row = 0; row < rows; ++row) {
+        auto& text = labels_[static_cast<std::size_t>(row)];
+        text = std::make_unique<Text>("", rowPlace(row), true, black);
+        view_.add(*text);
     }
+}
+
+Placement ImportPopup::rowPlace(int row)
+{
+    Placement place = topRow;
+    place.y += row * topRow.height;
+    return place;
 }
 
 void ImportPopup::enter()

@@ -19,6 +19,9 @@ public:
     static constexpr int middleRow = 3;
 
     ImportPopup();
+
+    [[nodiscard]] static Placement rowPlace(int row);
+
     void enter() override; ///< Reads the directory.
     void leave() override;
     void serviceFired(Service& service) override;

@@ -23,15 +23,20 @@ bool mayStandInName(std::uint32_t key)
 
 } // namespace
 
+Placement NameLabels::placeBelow(const StagePoint& cell, int cellWidth, int cellHeight)
+{
+    return { .x = cell.x,
+        .y = cell.y + cellHeight / 2 + belowCell,
+        .width = cellWidth,
+        .height = labelHeight };
+}
+
 void NameLabels::create(View& view, const ThumbnailGrid& grid, Colour colour)
 {
     discard();
     for (int cell = 0; cell < grid.count(); ++cell) {
-        const StagePoint& place = grid.position(cell);
-        const Placement below { .x = place.x,
-            .y = place.y + grid.cellHeight() / 2 + belowCell,
-            .width = grid.cellWidth(),
-            .height = labelHeight };
+        const Placement below
+            = placeBelow(grid.position(cell), grid.cellWidth(), grid.cellHeight());
         auto& text = labels_.emplace_back(std::make_unique<Text>("", below, true, colour));
         text->index = cell;
         text->tag = tag;

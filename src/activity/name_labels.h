@@ -14,6 +14,10 @@ namespace kez {
 
 class NameLabels {
 public:
+    /// Where the label of a cell lies.
+    [[nodiscard]] static Placement placeBelow(
+        const StagePoint& cell, int cellWidth, int cellHeight);
+
     /// One empty label below each cell of the grid.
     void create(View& view, const ThumbnailGrid& grid, Colour colour);
     void discard();

@@ -61,11 +61,20 @@ PhotoBook::PhotoBook()
     grid_.setClient(this);
 }
 
+GridLayout PhotoBook::layout()
+{
+    return { cellWidth, cellHeight, cellPositions };
+}
+
+std::vector<Image*> PhotoBook::images()
+{
+    return { &importButton_, &exportButton_, &returnButton_, &trashButton_, &backdrop_,
+        &helpButton_, &saveButton_, &cameraButton_, &bookButton_, &leftButton_, &rightButton_ };
+}
+
 void PhotoBook::create()
 {
-    for (Image* image :
-        { &importButton_, &exportButton_, &returnButton_, &trashButton_, &backdrop_, &helpButton_,
-            &saveButton_, &cameraButton_, &bookButton_, &leftButton_, &rightButton_ })
+    for (Image* image : images())
         view_.add(*image);
 }
 

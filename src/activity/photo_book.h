@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace kez {
 
@@ -25,6 +26,11 @@ public:
     void hover(Service& service) override;
 
     [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
+
+    [[nodiscard]] static GridLayout layout();
+
+    /// What lies in its view, in the order in which it is added; the backdrop shows.
+    [[nodiscard]] std::vector<Image*> images();
 
     [[nodiscard]] const NameLabels& labels() const { return labels_; } ///< While current.
 

@@ -28,6 +28,13 @@ void Popup::addButtons(std::initializer_list<Image*> buttons)
         view_.add(*button);
 }
 
+std::vector<Image*> Popup::images()
+{
+    std::vector<Image*> all { &picture_ };
+    all.insert(all.end(), buttons_.begin(), buttons_.end());
+    return all;
+}
+
 void Popup::enter()
 {
     hideButtons();

@@ -21,6 +21,8 @@ public:
 
     [[nodiscard]] bool isOpen() const { return open_; }
 
+    [[nodiscard]] std::vector<Image*> images(); ///< The picture, which shows, and the buttons.
+
 protected:
     explicit Popup(const char* pictureName);
 

@@ -16,6 +16,13 @@
 
 namespace kez {
 
+/// Cells of one size, by their centres in stage coordinates.
+struct GridLayout {
+    int cellWidth = 0;
+    int cellHeight = 0;
+    std::span<const StagePoint> cells {};
+};
+
 class ThumbnailGrid : public Actor {
 public:
     /// What the last click hit.
