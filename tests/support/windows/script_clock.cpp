@@ -181,14 +181,23 @@ DWORD WINAPI runThread(LPVOID passed)
     TlsSetValue(theClock().takesPart, start.get());
     if (start->inLine)
         theSystem.wait(start->birth.signal, INFINITE);
-    const DWORD result = start->routine(start->argument);
-    endTurns();
-    return result;
+    return start->routine(start->argument);
 }
+
+// Every thread calls it when it ends, in whatever way.
+void NTAPI noticeEnd(void*, DWORD reason, void*)
+{
+    if (reason == DLL_THREAD_DETACH && takesPart())
+        endTurns();
+}
+
+__attribute__((section(".CRT$XLB"), used)) const PIMAGE_TLS_CALLBACK noticeThreadEnds = noticeEnd;
 
 HANDLE WINAPI scriptThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stackSize,
     LPTHREAD_START_ROUTINE routine, LPVOID argument, DWORD flags, LPDWORD id)
 {
+    if (flags != 0) // GoogleTest's: one for each thread, whose end it awaits
+        return theSystem.createThread(attributes, stackSize, routine, argument, flags, id);
     auto start = std::make_unique<Start>();
     start->routine = routine;
     start->argument = argument;
