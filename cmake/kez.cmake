@@ -44,6 +44,27 @@ function(kez_layer name)
     set_property(GLOBAL APPEND PROPERTY KEZ_LAYERS kez_${name})
 endfunction()
 
+# kez_vector_sources(variable family): the sources of a family of loops that exists for each vector
+# level, <family>_kernels_<level>.cpp with the options of that level, and the table of them.
+function(kez_vector_sources variable family)
+    if(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
+        set(${variable} ${family}_levels_other.cpp PARENT_SCOPE)
+        return()
+    endif()
+    set(options_sse2 -msse2)
+    set(options_avx2 -mavx2)
+    # The compiler's own header reads what it calls undefined.
+    set(options_avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl -mavx512vbmi
+        -Wno-uninitialized -Wno-maybe-uninitialized)
+    set(sources ${family}_levels_x86.cpp)
+    foreach(level sse2 avx2 avx512)
+        list(APPEND sources ${family}_kernels_${level}.cpp)
+        set_source_files_properties(${family}_kernels_${level}.cpp PROPERTIES
+            COMPILE_OPTIONS "${options_${level}}")
+    endforeach()
+    set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
 # kez_test(name SOURCES ... LINKS libraries ... NATIVE sources BECAUSE reason): one program of tests.
 # Each test is known to CTest; on Windows the program as a whole is, for each start of Wine takes a
 # second. The NATIVE sources are left out there, by name and with the reason.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "display/present_conversion.h"
 
+#include "display/present_levels.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -8,56 +10,34 @@ namespace kez {
 
 namespace {
 
-std::uint32_t to565(CanvasPixel p)
+// From the top bit of a channel of the canvas to that of the display's.
+int shiftRight(const ChannelMask& channel, int canvasTopBit)
 {
-    return (p >> 8 & 0xF800) | (p >> 5 & 0x07E0) | (p >> 3 & 0x001F);
+    return std::max(canvasTopBit - channel.topBit, 0);
 }
 
-std::uint32_t to555(CanvasPixel p)
+ChannelShifts shiftsOf(const DisplayLayout& layout)
 {
-    return (p >> 9 & 0x7C00) | (p >> 6 & 0x03E0) | (p >> 3 & 0x001F);
+    return { .redRight = shiftRight(layout.red, 23),
+        .greenRight = shiftRight(layout.green, 15),
+        .blueRight = shiftRight(layout.blue, 7),
+        .blueLeft = std::max(layout.blue.topBit - 7, 0),
+        .redMask = layout.red.mask,
+        .greenMask = layout.green.mask,
+        .blueMask = layout.blue.mask };
 }
 
-/// One channel on its way into place: shifted right or left (one of the two is 0), then masked.
-struct ChannelShift {
-    ChannelShift(const ChannelMask& channel, int canvasTopBit)
-        : right(static_cast<unsigned>(std::max(canvasTopBit - channel.topBit, 0)))
-        , left(static_cast<unsigned>(std::max(channel.topBit - canvasTopBit, 0)))
-        , mask(channel.mask)
-    {
-    }
-
-    [[nodiscard]] std::uint32_t operator()(CanvasPixel p) const
-    {
-        return p >> right << left & mask;
-    }
-
-    unsigned right;
-    unsigned left;
-    std::uint32_t mask;
-};
-
-struct LayoutShifts {
-    explicit LayoutShifts(const DisplayLayout& layout)
-        : red(layout.red, 23)
-        , green(layout.green, 15)
-        , blue(layout.blue, 7)
-    {
-    }
-
-    [[nodiscard]] std::uint32_t operator()(CanvasPixel p) const
-    {
-        return red(p) | green(p) | blue(p);
-    }
-
-    ChannelShift red, green, blue;
-};
-
-template <typename Rule>
-void convertRow(const CanvasPixel* source, std::uint16_t* target, int count, Rule rule)
+void convertTo16(const PresentKernels& kernels, const CanvasPixel* source, std::uint16_t* target,
+    std::size_t count, const DisplayLayout& layout)
 {
-    for (int i = 0; i < count; ++i)
-        target[i] = static_cast<std::uint16_t>(rule(source[i]));
+    switch (layout.format) {
+    case DisplayFormat::rgb565:
+        return kernels.to565(source, target, count);
+    case DisplayFormat::rgb555:
+        return kernels.to555(source, target, count);
+    case DisplayFormat::rgbOther:
+        return kernels.toOther16(source, target, count, shiftsOf(layout));
+    }
 }
 
 // The surface's memory as rows of another pixel type; the caller has checked the alignment.
@@ -77,40 +57,9 @@ bool isAligned(const PixelRows& rows, std::ptrdiff_t pixelBytes)
 
 std::uint16_t displayPixel(CanvasPixel pixel, const DisplayLayout& layout)
 {
-    switch (layout.format) {
-    case DisplayFormat::rgb565:
-        return static_cast<std::uint16_t>(to565(pixel));
-    case DisplayFormat::rgb555:
-        return static_cast<std::uint16_t>(to555(pixel));
-    case DisplayFormat::rgbOther:
-        break;
-    }
-    return static_cast<std::uint16_t>(LayoutShifts(layout)(pixel));
-}
-
-void convertTo16(
-    const CanvasPixel* source, std::uint16_t* target, int count, const DisplayLayout& layout)
-{
-    switch (layout.format) {
-    case DisplayFormat::rgb565:
-        convertRow(source, target, count, [](CanvasPixel p) { return to565(p); });
-        break;
-    case DisplayFormat::rgb555:
-        convertRow(source, target, count, [](CanvasPixel p) { return to555(p); });
-        break;
-    case DisplayFormat::rgbOther:
-        convertRow(source, target, count, LayoutShifts(layout));
-        break;
-    }
-}
-
-void convertTo24(const CanvasPixel* source, std::uint8_t* target, int count)
-{
-    for (int i = 0; i < count; ++i, target += 3) {
-        target[0] = static_cast<std::uint8_t>(source[i]);
-        target[1] = static_cast<std::uint8_t>(source[i] >> 8);
-        target[2] = static_cast<std::uint8_t>(source[i] >> 16);
-    }
+    std::uint16_t converted = 0;
+    convertTo16(plainPresentKernels, &pixel, &converted, 1, layout);
+    return converted;
 }
 
 bool convertPicture(
@@ -124,18 +73,25 @@ bool convertPicture(
 
     const int fitting
         = static_cast<int>(std::max<std::ptrdiff_t>(target.pitchBytes, 0) / pixelBytes);
-    const int width = std::min({ source.width, target.width, fitting });
-    const int height = std::min(source.height, target.height);
+    int width = std::min({ source.width, target.width, fitting });
+    int height = std::min(source.height, target.height);
     const std::ptrdiff_t pitch = bitsPerPixel == 24 ? target.pitchBytes / 3 * 3 : target.pitchBytes;
+    // Pictures without gaps between their rows are one long row.
+    if (source.pitchBytes == width * 4 && pitch == width * pixelBytes && height > 0) {
+        width *= height;
+        height = 1;
+    }
+    const auto count = static_cast<std::size_t>(std::max(width, 0));
     for (int y = 0; y < height; ++y) {
         const auto* from = rowOf<const CanvasPixel>(source, source.pitchBytes, y);
         auto* to = rowOf<std::uint8_t>(target, pitch, y);
         if (bitsPerPixel == 16)
-            convertTo16(from, rowOf<std::uint16_t>(target, pitch, y), width, layout);
+            convertTo16(
+                presentKernels(), from, rowOf<std::uint16_t>(target, pitch, y), count, layout);
         else if (bitsPerPixel == 24)
-            convertTo24(from, to, width);
+            presentKernels().to24(from, to, count);
         else
-            std::memcpy(to, from, static_cast<std::size_t>(width) * sizeof(CanvasPixel));
+            std::memcpy(to, from, count * sizeof(CanvasPixel));
     }
     return true;
 }

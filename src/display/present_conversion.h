@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-/// From canvas pixels (0xAARRGGBB, alpha ignored) to the pixels of a display of another depth. The
-/// row conversions run over the whole picture every frame; the plain rules beside them say what
-/// they must give.
+/// From canvas pixels (0xAARRGGBB, alpha ignored) to the pixels of a display of another depth: the
+/// whole picture, every frame, by the loops of the vector level in use.
 #pragma once
 
 #include "display/canvas.h"
@@ -17,13 +16,6 @@ namespace kez {
 /// the channel below.
 ///     0x00FF8040 → 0xFC08 (565), 0x7E08 (555)
 [[nodiscard]] std::uint16_t displayPixel(CanvasPixel pixel, const DisplayLayout& layout);
-
-/// `count` pixels to 16 bits each.
-void convertTo16(
-    const CanvasPixel* source, std::uint16_t* target, int count, const DisplayLayout& layout);
-
-/// `count` pixels to three bytes each: blue, green, red.
-void convertTo24(const CanvasPixel* source, std::uint8_t* target, int count);
 
 /// A locked surface as memory: rows of `pitchBytes`, of which `width` pixels count.
 struct PixelRows {

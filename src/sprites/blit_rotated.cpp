@@ -49,61 +49,67 @@ constexpr const Expand* const* expanders[] = {
     ofFormats<LongRunRows>,
 };
 
-// Where a turn puts the source pixel (0, 0), and the ways from it to (1, 0) and (0, 1).
-struct Geometry {
-    std::ptrdiff_t origin;
-    std::ptrdiff_t perColumn;
-    std::ptrdiff_t perRow;
+// Rows of the source, without gaps, from row `top` on.
+struct Band {
+    const std::uint8_t* pixels;
+    std::ptrdiff_t top;
+    std::ptrdiff_t rows;
 };
 
-Geometry geometryOf(std::ptrdiff_t width, std::ptrdiff_t height, int angle)
-{
-    if (angle == 90)
-        return { height - 1, height, -1 };
-    if (angle == 180)
-        return { width * height - 1, -1, -width };
-    return { (width - 1) * height, -height, 1 };
-}
-
-constexpr int bandRows = 16; // of the source, expanded before they are turned
-
+// Turns a band of a picture of width × height into its place in the turned one.
 void turnBand(
-    const std::uint32_t* band, int width, int rows, std::uint32_t* to, const Geometry& geometry)
+    const Band& band, std::ptrdiff_t width, std::ptrdiff_t height, int angle, std::uint32_t* into)
 {
-    for (int x = 0; x < width; ++x) {
-        std::uint32_t* const column = to + x * geometry.perColumn;
-        for (int y = 0; y < rows; ++y)
-            column[y * geometry.perRow] = band[static_cast<std::ptrdiff_t>(y) * width + x];
+    const std::ptrdiff_t bottom = band.top + band.rows;
+    if (angle == 180) {
+        reverseSpan(into + (height - bottom) * width, band.pixels,
+            static_cast<std::size_t>(band.rows * width));
+        return;
     }
+    // Either side is read or written backwards.
+    const std::ptrdiff_t rowBytes = 4 * width;
+    QuarterTurn turn { band.pixels, rowBytes, into, height, static_cast<std::size_t>(width),
+        static_cast<std::size_t>(band.rows) };
+    if (angle == 90) {
+        turn.from += (band.rows - 1) * rowBytes;
+        turn.fromRowBytes = -rowBytes;
+        turn.to += height - bottom;
+    } else {
+        turn.to += (width - 1) * height + band.top;
+        turn.toColumnPixels = -height;
+    }
+    turnSquares(turn);
 }
 
-// A half turn keeps rows together.
-void turnRowsAround(const std::uint32_t* band, int width, int rows, std::uint32_t* to)
-{
-    const std::ptrdiff_t pixels = static_cast<std::ptrdiff_t>(width) * rows;
-    std::reverse_copy(band, band + pixels, to + 1 - pixels);
-}
+constexpr int bandRows = 16; // expanded before they are turned
 
-} // namespace
-
-void turn(const BlitSource& source, int angle, std::uint32_t* into)
+void expandAndTurn(const BlitSource& source, int angle, std::uint32_t* into)
 {
-    static std::vector<std::uint32_t> band;
-    band.resize(static_cast<std::size_t>(source.width) * bandRows);
-    const Geometry geometry = geometryOf(source.width, source.height, angle);
+    static std::vector<std::uint32_t> pixels;
+    pixels.resize(static_cast<std::size_t>(source.width) * bandRows);
     const Expand expand = expanders[static_cast<std::size_t>(source.mode)][static_cast<std::size_t>(
         source.format)][source.hasAlpha ? 1 : 0];
     RowCursor at = source.start;
     for (int top = 0; top < source.height; top += bandRows) {
         const int rows = std::min(bandRows, source.height - top);
         for (int y = 0; y < rows; ++y)
-            expand(source, at, band.data() + static_cast<std::ptrdiff_t>(y) * source.width);
-        std::uint32_t* const to = into + geometry.origin + top * geometry.perRow;
-        if (angle == 180)
-            turnRowsAround(band.data(), source.width, rows, to);
-        else
-            turnBand(band.data(), source.width, rows, to, geometry);
+            expand(source, at, pixels.data() + static_cast<std::ptrdiff_t>(y) * source.width);
+        const auto* const bytes = reinterpret_cast<const std::uint8_t*>(pixels.data());
+        turnBand({ bytes, top, rows }, source.width, source.height, angle, into);
     }
+}
+
+} // namespace
+
+void turn(const BlitSource& source, int angle, std::uint32_t* into)
+{
+    const bool isExpanded
+        = source.mode == SpriteMode::Raw && source.format == StoredFormat::TrueColour;
+    if (isExpanded)
+        turnBand(
+            { source.start.pixels, 0, source.height }, source.width, source.height, angle, into);
+    else
+        expandAndTurn(source, angle, into);
 }
 
 bool turnedHasAlpha(const BlitSource& source)

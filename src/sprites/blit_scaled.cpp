@@ -33,14 +33,14 @@ private:
 };
 
 struct Span {
-    int first;
-    int count;
+    std::ptrdiff_t first;
+    std::size_t count;
 };
 
 // One source row as the visible displayed columns show it. Kept between calls for its memory.
 struct MappedRow {
-    std::vector<int> map; // source column of each visible column
-    std::vector<std::uint32_t> colours;
+    std::vector<std::int32_t> map; // source column of each visible column
+    std::vector<std::uint32_t> colours; // to be blended
     std::vector<std::uint8_t> opacities; // of formats with a plane
     std::vector<Span> spans; // that are stored
 
@@ -65,13 +65,18 @@ public:
         RowCursor at = source.start;
         int shown = -1; // the source row in `mappedRow`; `at` is behind it
         for (int y = 0; y < target.rows; ++y) {
+            std::uint32_t* const to = target.row(y);
             const int wanted = rows.at(target.clipTop + y);
-            if (wanted != shown) {
+            const bool isRepeated = wanted == shown;
+            if (!isRepeated) {
                 for (++shown; shown != wanted; ++shown)
                     row(at, source.width, [](int, int, const RowCursor&) {});
-                mapRow(source, at);
+                mapRow(source, at, hasAlpha ? mappedRow.colours.data() : to);
             }
-            writeRow(target.row(y));
+            if constexpr (hasAlpha)
+                blendRow(to);
+            else if (isRepeated)
+                copyRow(to, target.row(y - 1));
         }
     }
 
@@ -83,26 +88,31 @@ private:
         Rows::template row<Format::pixelBytes, followsPlane>(at, width, visit);
     }
 
-    static void mapRow(const BlitSource& source, RowCursor& at)
+    // Picks the row's pixels into `colours`, of which those outside `spans` stay as they are.
+    static void mapRow(const BlitSource& source, RowCursor& at, std::uint32_t* colours)
     {
         mappedRow.spans.clear();
-        const int* const begin = mappedRow.map.data();
-        const int* const end = begin + mappedRow.map.size();
-        const int* first = begin;
+        const std::int32_t* const begin = mappedRow.map.data();
+        const std::int32_t* const end = begin + mappedRow.map.size();
+        const std::int32_t* first = begin;
         row(at, source.width, [&](int column, int count, const RowCursor& run) {
             first = firstFrom(first, end, column);
-            const int* const last = firstFrom(first, end, column + count);
+            const std::int32_t* const last = firstFrom(first, end, column + count);
             if (first == last)
                 return;
-            const Span span { static_cast<int>(first - begin), static_cast<int>(last - first) };
-            mapRun(source, span, column, run);
+            const Span span { first - begin, static_cast<std::size_t>(last - first) };
+            Format::pick(colours + span.first, { first, run.pixels, column, count }, source.palette,
+                span.count);
+            if constexpr (followsPlane)
+                pickOpacities(span, column, run.plane);
             mappedRow.spans.push_back(span);
             first = last;
         });
     }
 
     // The first visible column that shows `column` or one to the right of it.
-    static const int* firstFrom(const int* from, const int* end, int column)
+    static const std::int32_t* firstFrom(
+        const std::int32_t* from, const std::int32_t* end, int column)
     {
         if (from == end || end[-1] < column)
             return end;
@@ -111,35 +121,32 @@ private:
         return from;
     }
 
-    static void mapRun(const BlitSource& source, const Span& span, int column, const RowCursor& run)
+    static void pickOpacities(const Span& span, int column, const std::uint8_t* plane)
     {
-        const auto first = static_cast<std::size_t>(span.first);
-        const int* const map = mappedRow.map.data() + first;
-        std::uint32_t* const colours = mappedRow.colours.data() + first;
-        std::uint8_t* const opacities = mappedRow.opacities.data() + first;
-        for (int i = 0; i < span.count; ++i) {
-            const std::ptrdiff_t offset = map[i] - column;
-            colours[i] = Format::pixel(run.pixels + Format::pixelBytes * offset, source.palette);
+        const std::int32_t* const map = mappedRow.map.data() + span.first;
+        std::uint8_t* const opacities = mappedRow.opacities.data() + span.first;
+        for (std::size_t i = 0; i < span.count; ++i)
+            opacities[i] = plane[map[i] - column];
+    }
+
+    static void blendRow(std::uint32_t* to)
+    {
+        for (const Span& span : mappedRow.spans) {
+            const std::uint32_t* const colours = mappedRow.colours.data() + span.first;
             if constexpr (followsPlane)
-                opacities[i] = run.plane[offset];
+                blendPlaneSpan(to + span.first, colours, mappedRow.opacities.data() + span.first,
+                    span.count, ZeroOpacity::Blends);
+            else
+                blendSpan(to + span.first, reinterpret_cast<const std::uint8_t*>(colours),
+                    span.count, ZeroOpacity::Blends);
         }
     }
 
-    static void writeRow(std::uint32_t* to)
+    static void copyRow(std::uint32_t* to, const std::uint32_t* rowAbove)
     {
-        for (const Span& span : mappedRow.spans) {
-            const auto first = static_cast<std::size_t>(span.first);
-            const auto count = static_cast<std::size_t>(span.count);
-            const std::uint32_t* colours = mappedRow.colours.data() + first;
-            const auto* bytes = reinterpret_cast<const std::uint8_t*>(colours);
-            if constexpr (followsPlane)
-                blendPlaneSpan(to + first, colours, mappedRow.opacities.data() + first, count,
-                    ZeroOpacity::Blends);
-            else if constexpr (hasAlpha)
-                blendSpan(to + first, bytes, count, ZeroOpacity::Blends);
-            else
-                copySpan(to + first, bytes, count);
-        }
+        for (const Span& span : mappedRow.spans)
+            copySpan(to + span.first, reinterpret_cast<const std::uint8_t*>(rowAbove + span.first),
+                span.count);
     }
 };
 

@@ -2,7 +2,8 @@
 /// Writers: what a run of stored pixels does to the canvas. They know nothing of runs.
 ///
 /// A format says how pixels are stored; `hasPlane` that their opacities lie in a plane beside them
-/// rather than in their own alpha bytes. A writer joins a format with a way of drawing.
+/// rather than in their own alpha bytes; `pick` takes the pixels that scaled columns show. A writer
+/// joins a format with a way of drawing.
 #pragma once
 
 #include "sprites/record_bytes.h"
@@ -14,6 +15,16 @@
 
 namespace kez {
 
+template <class Format>
+void pickPixels(
+    std::uint32_t* to, const PickedColumns& from, const std::uint8_t* palette, std::size_t n)
+{
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::ptrdiff_t column = from.columns[i] - from.runColumn;
+        to[i] = Format::pixel(from.run + Format::pixelBytes * column, palette);
+    }
+}
+
 struct Indexed {
     static constexpr int pixelBytes = 1;
     static constexpr bool hasPlane = true;
@@ -21,6 +32,12 @@ struct Indexed {
     static std::uint32_t pixel(const std::uint8_t* at, const std::uint8_t* palette)
     {
         return loadWord(palette + std::ptrdiff_t { 4 } * *at);
+    }
+
+    static void pick(
+        std::uint32_t* to, const PickedColumns& from, const std::uint8_t* palette, std::size_t n)
+    {
+        pickPixels<Indexed>(to, from, palette, n);
     }
 
     static void copy(std::uint32_t* to, const RowCursor& from, const std::uint8_t* palette, int n)
@@ -45,6 +62,12 @@ struct Rgb565 {
         return from565(loadWord16(at));
     }
 
+    static void pick(
+        std::uint32_t* to, const PickedColumns& from, const std::uint8_t* palette, std::size_t n)
+    {
+        pickPixels<Rgb565>(to, from, palette, n);
+    }
+
     static void copy(std::uint32_t* to, const RowCursor& from, const std::uint8_t*, int n)
     {
         rgb565Span(to, from.pixels, static_cast<std::size_t>(n));
@@ -61,7 +84,11 @@ struct TrueColour {
     static constexpr int pixelBytes = 4;
     static constexpr bool hasPlane = false;
 
-    static std::uint32_t pixel(const std::uint8_t* at, const std::uint8_t*) { return loadWord(at); }
+    static void pick(
+        std::uint32_t* to, const PickedColumns& from, const std::uint8_t*, std::size_t n)
+    {
+        pickSpan(to, from, n);
+    }
 
     static void copy(std::uint32_t* to, const RowCursor& from, const std::uint8_t*, int n)
     {

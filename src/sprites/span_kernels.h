@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-/// The innermost loops: what a span of source pixels does to a span of canvas pixels. Every
-/// blitter and every fill ends here, so this is the one place where a machine's own instructions
-/// can take over.
+/// The innermost loops: what a span of source pixels does to a span of canvas pixels. Every blitter
+/// and every fill ends here, so this is the one place where a machine's own instructions take over:
+/// the loops exist for each vector level, and span_kernels_plain.cpp has the rules as they read.
 ///
 /// Pixels are 0xAARRGGBB; sources lie at any address. With opacity a, each colour byte d becomes
 /// ((255 − a) × d + a × s) >> 8 and the canvas's alpha byte stays; a = 255 writes the pixel whole.
@@ -9,13 +9,22 @@
 /// byte d ≥ 1 one level down.
 #pragma once
 
+#include "core/vector_level.h"
+#include "sprites/span_kernel_table.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 namespace kez {
 
-enum class ZeroOpacity { Blends, Keeps };
+/// By level.
+extern const SpanKernels* const spanKernelsOf[vectorLevels];
+
+inline const SpanKernels& spanKernels()
+{
+    return *spanKernelsOf[static_cast<std::size_t>(vectorLevel())];
+}
 
 /// 565 to eight bits a channel: the upper bits again below the lower ones. Opaque.
 constexpr std::uint32_t from565(std::uint32_t pixel)
@@ -27,42 +36,66 @@ constexpr std::uint32_t from565(std::uint32_t pixel)
         | (blue << 3 | blue >> 2);
 }
 
-constexpr std::uint32_t redBlue = 0x00FF00FF; ///< Two channels a word: 16 bits for each's product.
-constexpr std::uint32_t greenOnly = 0x0000FF00;
-
-/// Colour bytes of `canvas` and `source` weighed by 255 − opacity and opacity, over 256.
-constexpr std::uint32_t blendPixel(
-    std::uint32_t canvas, std::uint32_t source, std::uint32_t opacity)
+inline void paletteSpan(
+    std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette, std::size_t count)
 {
-    // Red and blue share a word: no sum of products exceeds 16 bits. One product is enough, since
-    // (255 − a) × d + a × s = 255 × d + a × (s − d), also where the difference wraps.
-    const std::uint32_t canvasRb = canvas & redBlue;
-    const std::uint32_t canvasG = canvas & greenOnly;
-    const std::uint32_t rb = (canvasRb << 8) - canvasRb + ((source & redBlue) - canvasRb) * opacity;
-    const std::uint32_t g = (canvasG << 8) - canvasG + ((source & greenOnly) - canvasG) * opacity;
-    return (canvas & 0xFF000000) | (rb >> 8 & redBlue) | (g >> 8 & greenOnly);
+    spanKernels().palette(to, indices, palette, count);
 }
 
-void paletteSpan(
-    std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette, std::size_t count);
 void rgb565Span(std::uint32_t* to, const std::uint8_t* from, std::size_t count);
 
 /// Blends pixels by their own alpha bytes.
-void blendSpan(
-    std::uint32_t* to, const std::uint8_t* from, std::size_t count, ZeroOpacity zeroOpacity);
+inline void blendSpan(
+    std::uint32_t* to, const std::uint8_t* from, std::size_t count, ZeroOpacity zeroOpacity)
+{
+    spanKernels().blend[static_cast<std::size_t>(zeroOpacity)](to, from, count);
+}
 
 /// Blends opaque colours by the opacities of a plane.
-void blendPlaneSpan(std::uint32_t* to, const std::uint32_t* colours, const std::uint8_t* plane,
-    std::size_t count, ZeroOpacity zeroOpacity);
-void blendPaletteSpan(std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* plane,
-    const std::uint8_t* palette, std::size_t count, ZeroOpacity zeroOpacity);
+inline void blendPlaneSpan(std::uint32_t* to, const std::uint32_t* colours,
+    const std::uint8_t* plane, std::size_t count, ZeroOpacity zeroOpacity)
+{
+    spanKernels().blendPlane[static_cast<std::size_t>(zeroOpacity)](to, colours, plane, count);
+}
+
+inline void blendPaletteSpan(std::uint32_t* to, const std::uint8_t* indices,
+    const std::uint8_t* plane, const std::uint8_t* palette, std::size_t count,
+    ZeroOpacity zeroOpacity)
+{
+    spanKernels().blendPalette[static_cast<std::size_t>(zeroOpacity)](
+        to, indices, plane, palette, count);
+}
+
 void blend565Span(std::uint32_t* to, const std::uint8_t* from, const std::uint8_t* plane,
     std::size_t count, ZeroOpacity zeroOpacity);
 
-void fillSpan(std::uint32_t* to, std::uint32_t pixel, std::size_t count);
+inline void fillSpan(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
+{
+    spanKernels().fill(to, pixel, count);
+}
 
 /// Blends one pixel's colour over the span by its own alpha byte, 255 included in the formula.
-void blendFillSpan(std::uint32_t* to, std::uint32_t pixel, std::size_t count);
+inline void blendFillSpan(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
+{
+    spanKernels().blendFill(to, pixel, count);
+}
+
+/// The pixels of a run that the displayed columns show.
+inline void pickSpan(std::uint32_t* to, const PickedColumns& from, std::size_t count)
+{
+    spanKernels().pick(to, from, count);
+}
+
+/// Copies pixels, the last one first.
+inline void reverseSpan(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+{
+    spanKernels().reverse(to, from, count);
+}
+
+inline void turnSquares(const QuarterTurn& turn)
+{
+    spanKernels().quarterTurn(turn);
+}
 
 /// Copies pixels. Inline, in whole steps whose last one overlaps: most runs are short, and a call
 /// of memcpy for each costs more than the copying.

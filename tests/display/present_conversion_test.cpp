@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "display/present_conversion.h"
 
+#include "display/present_kernel_table.h"
+#include "support/vector_levels.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -102,6 +105,37 @@ TEST_F(ConversionTest, to16BitsIsThePlainRuleAtEveryPixel)
                 EXPECT_EQ(target[static_cast<std::size_t>(width) * 2], guard);
             }
         }
+}
+
+// Each in memory of just its size, so that a sanitizer sees a step too far.
+TEST(Conversion, isThePlainRuleForEveryCountAtEveryVectorLevel)
+{
+    const DisplayLayout layouts[]
+        = { layout565, layout555, DisplayLayout::fromMasks(0x001F, 0x07E0, 0xF800),
+              DisplayLayout::fromMasks(0x8421, 0x0000, 0xFFFF) };
+    std::mt19937 random(12);
+    for (int width = 1; width <= 100; ++width) {
+        std::vector<CanvasPixel> source(static_cast<std::size_t>(width));
+        for (CanvasPixel& pixel : source)
+            pixel = static_cast<CanvasPixel>(random());
+        const PixelRows from { reinterpret_cast<std::uint8_t*>(source.data()), width * 4, width,
+            1 };
+        test::atEachVectorLevel([&] {
+            for (const DisplayLayout& layout : layouts) {
+                std::vector<std::uint16_t> words(source.size());
+                ASSERT_TRUE(convertPicture(from,
+                    { reinterpret_cast<std::uint8_t*>(words.data()), width * 2, width, 1 }, 16,
+                    layout));
+                for (std::size_t i = 0; i < source.size(); ++i)
+                    ASSERT_EQ(words[i], displayPixel(source[i], layout)) << i << " of " << width;
+            }
+            std::vector<std::uint8_t> bytes(3 * source.size());
+            std::vector<std::uint8_t> expected = bytes;
+            plainPresentKernels.to24(source.data(), expected.data(), source.size());
+            ASSERT_TRUE(convertPicture(from, { bytes.data(), width * 3, width, 1 }, 24, {}));
+            ASSERT_EQ(bytes, expected) << width;
+        });
+    }
 }
 
 TEST_F(ConversionTest, to24BitsBeginsRowsAtWholePixels)

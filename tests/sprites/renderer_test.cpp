@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/random_sprite.h"
-#include "sprites/span_kernels.h"
 
 #include <gtest/gtest.h>
 
@@ -228,25 +227,6 @@ TEST(Renderer, showsTheLastSourcePixelAtAnyDisplayedSize)
         = drawnOnGrey(record, { 4 - enormous / 2, 4 - enormous / 2, enormous, enormous, 0 });
     EXPECT_EQ(at(canvas, 0, 0), 2u);
     EXPECT_EQ(at(canvas, 7, 7), 2u);
-}
-
-TEST(SpanKernels, blendEveryByteExactly)
-{
-    std::vector<std::uint32_t> canvas(65536);
-    std::vector<std::uint32_t> colours(65536);
-    std::size_t faults = 0;
-    for (std::uint32_t opacity = 0; opacity < 256; ++opacity) {
-        for (std::uint32_t i = 0; i < 65536; ++i) {
-            canvas[i] = 0xA5000000 | (i & 255) << 16 | (i & 255) << 8 | (~i & 255);
-            colours[i] = opacity << 24 | (i >> 8) << 16 | (~(i >> 8) & 255) << 8 | i >> 8;
-        }
-        std::vector<std::uint32_t> drawn = canvas;
-        blendSpan(drawn.data(), reinterpret_cast<const std::uint8_t*>(colours.data()), drawn.size(),
-            ZeroOpacity::Blends);
-        for (std::size_t i = 0; i < drawn.size(); ++i)
-            faults += drawn[i] != plainBlend(canvas[i], colours[i], opacity);
-    }
-    EXPECT_EQ(faults, 0u);
 }
 
 } // namespace kez::test

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "core/vectors_sse2.h"
+#include "sprites/span_vectors.h"
+
+namespace kez {
+
+const SpanKernels sse2SpanKernels = {
+    .palette = paletteVectors<Sse2Vectors>,
+    .blend = { blendVectors<Sse2Vectors, ZeroOpacity::Blends>,
+        blendVectors<Sse2Vectors, ZeroOpacity::Keeps> },
+    .blendPlane = { blendPlaneVectors<Sse2Vectors, ZeroOpacity::Blends>,
+        blendPlaneVectors<Sse2Vectors, ZeroOpacity::Keeps> },
+    .blendPalette = { blendPaletteVectors<Sse2Vectors, ZeroOpacity::Blends>,
+        blendPaletteVectors<Sse2Vectors, ZeroOpacity::Keeps> },
+    .fill = fillVectors<Sse2Vectors>,
+    .blendFill = blendFillVectors<Sse2Vectors>,
+    .pick = pickFours,
+    .reverse = reverseVectors<Sse2Vectors>,
+    .quarterTurn = quarterTurnSquares<Sse2Vectors>,
+};
+
+} // namespace kez

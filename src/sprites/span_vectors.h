@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+/// The span kernels written with vectors, for any level `V`; vectors_sse2.h tells what holds for
+/// the sources that use them. The plain rules are in span_kernels_plain.cpp.
+#pragma once
+
+#include "sprites/span_kernel_table.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace kez {
+
+namespace {
+
+/// Colours weighed by their opacities, one a lane. Red and blue share a word, and green goes with
+/// the canvas's alpha byte, which has the weight 256 and so stays: no sum exceeds 16 bits.
+template <class V, ZeroOpacity zeroOpacity>
+typename V::Words weighed(
+    typename V::Words canvas, typename V::Words colours, typename V::Words opacities)
+{
+    using Words = typename V::Words;
+    using Halves = typename V::Halves;
+    Words rest = 255 - opacities;
+    if constexpr (zeroOpacity == ZeroOpacity::Keeps)
+        rest -= Words(opacities == 0); // 256 for those: they keep the canvas whole
+    const Halves own = Halves(opacities | opacities << 16);
+    const Halves redBlue = Halves(canvas & 0x00FF00FF) * Halves(rest | rest << 16)
+        + Halves(colours & 0x00FF00FF) * own;
+    const Halves alphaGreen = (Halves(canvas) >> 8) * Halves(rest | 0x01000000)
+        + (Halves(colours) >> 8) * Halves(opacities);
+    return Words(redBlue >> 8) | (Words(alphaGreen) & 0xFF00FF00);
+}
+
+template <class V, ZeroOpacity zeroOpacity>
+typename V::Words blended(
+    typename V::Words canvas, typename V::Words colours, typename V::Words opacities)
+{
+    using Words = typename V::Words;
+    return V::select(
+        Words(opacities == 255), colours, weighed<V, zeroOpacity>(canvas, colours, opacities));
+}
+
+/// Most vectors of a drawn picture are wholly opaque or wholly transparent.
+template <class V, ZeroOpacity zeroOpacity>
+void blendWhole(std::uint32_t* to, typename V::Words colours, typename V::Words opacities)
+{
+    using Words = typename V::Words;
+    if (V::all(Words(opacities == 255)))
+        V::store(to, colours);
+    else if (zeroOpacity == ZeroOpacity::Blends || !V::all(Words(opacities == 0)))
+        V::store(to, blended<V, zeroOpacity>(V::load(to), colours, opacities));
+}
+
+template <class V, ZeroOpacity zeroOpacity>
+void blendPart(
+    std::uint32_t* to, typename V::Words colours, typename V::Words opacities, std::size_t count)
+{
+    const typename V::Words canvas = V::loadPart(to, count);
+    V::storePart(to, blended<V, zeroOpacity>(canvas, colours, opacities), count);
+}
+
+template <class V, ZeroOpacity zeroOpacity>
+void blendVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+{
+    std::size_t i = 0;
+    for (; i + V::lanes <= count; i += V::lanes) {
+        const typename V::Words colours = V::load(from + 4 * i);
+        blendWhole<V, zeroOpacity>(to + i, colours, colours >> 24);
+    }
+    if (i != count) {
+        const typename V::Words colours = V::loadPart(from + 4 * i, count - i);
+        blendPart<V, zeroOpacity>(to + i, colours, colours >> 24, count - i);
+    }
+}
+
+/// The last bytes of a span, as many as a vector has lanes.
+template <class V>
+struct LastBytes {
+    LastBytes(const std::uint8_t* from, std::size_t count)
+    {
+        std::memset(bytes, from[0], V::lanes);
+        std::memcpy(bytes, from, count);
+    }
+
+    std::uint8_t bytes[V::lanes];
+};
+
+template <class V, ZeroOpacity zeroOpacity>
+void blendPlaneVectors(
+    std::uint32_t* to, const std::uint32_t* colours, const std::uint8_t* plane, std::size_t count)
+{
+    std::size_t i = 0;
+    for (; i + V::lanes <= count; i += V::lanes)
+        blendWhole<V, zeroOpacity>(to + i, V::load(colours + i), V::widen(plane + i));
+    if (i != count) {
+        const LastBytes<V> opacities(plane + i, count - i);
+        blendPart<V, zeroOpacity>(
+            to + i, V::loadPart(colours + i, count - i), V::widen(opacities.bytes), count - i);
+    }
+}
+
+template <class V>
+void paletteVectors(
+    std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette, std::size_t count)
+{
+    std::size_t i = 0;
+    for (; i + V::lanes <= count; i += V::lanes)
+        V::store(to + i, V::entries(palette, indices + i));
+    for (; i < count; ++i)
+        std::memcpy(to + i, palette + std::size_t { 4 } * indices[i], 4);
+}
+
+template <class V, ZeroOpacity zeroOpacity>
+void blendPaletteVectors(std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* plane,
+    const std::uint8_t* palette, std::size_t count)
+{
+    using Words = typename V::Words;
+    std::size_t i = 0;
+    for (; i + V::lanes <= count; i += V::lanes) {
+        const Words opacities = V::widen(plane + i);
+        if (zeroOpacity == ZeroOpacity::Blends || !V::all(Words(opacities == 0)))
+            blendWhole<V, zeroOpacity>(to + i, V::entries(palette, indices + i), opacities);
+    }
+    if (i != count) {
+        const LastBytes<V> last(indices + i, count - i);
+        const LastBytes<V> opacities(plane + i, count - i);
+        blendPart<V, zeroOpacity>(
+            to + i, V::entries(palette, last.bytes), V::widen(opacities.bytes), count - i);
+    }
+}
+
+template <class V>
+void fillVectors(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
+{
+    const typename V::Words words = pixel - typename V::Words {};
+    if (count < V::lanes) {
+        V::storePart(to, words, count);
+        return;
+    }
+    // Stores that do not straddle cache lines are twice as fast: the first one reaches the
+    // boundary.
+    constexpr std::size_t vectorBytes = 4 * V::lanes;
+    V::store(to, words);
+    const std::size_t misplaced = reinterpret_cast<std::uintptr_t>(to) % vectorBytes;
+    for (std::size_t i = V::lanes - misplaced / 4; i + V::lanes <= count; i += V::lanes)
+        V::store(to + i, words);
+    V::store(to + count - V::lanes, words);
+}
+
+template <class V>
+void blendFillVectors(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
+{
+    using Words = typename V::Words;
+    const Words colours = pixel - Words {};
+    const Words opacities = (pixel >> 24) - Words {};
+    std::size_t i = 0;
+    for (; i + V::lanes <= count; i += V::lanes)
+        V::store(to + i, weighed<V, ZeroOpacity::Blends>(V::load(to + i), colours, opacities));
+    if (i != count) {
+        const Words canvas = V::loadPart(to + i, count - i);
+        V::storePart(
+            to + i, weighed<V, ZeroOpacity::Blends>(canvas, colours, opacities), count - i);
+    }
+}
+
+inline const std::uint8_t* pixelOf(const PickedColumns& from, std::size_t i)
+{
+    return from.run + std::ptrdiff_t { 4 } * (from.columns[i] - from.runColumn);
+}
+
+inline void pickFour(std::uint32_t* to, const PickedColumns& from, std::size_t i)
+{
+    Sse2Vectors::store(to + i,
+        Sse2Vectors::joined(
+            pixelOf(from, i), pixelOf(from, i + 1), pixelOf(from, i + 2), pixelOf(from, i + 3)));
+}
+
+inline void pickRest(std::uint32_t* to, const PickedColumns& from, std::size_t i, std::size_t count)
+{
+    for (; i + 4 <= count; i += 4)
+        pickFour(to, from, i);
+    for (; i < count; ++i)
+        std::memcpy(to + i, pixelOf(from, i), 4);
+}
+
+/// Where a picture is enlarged, the columns of a vector lie within one vector of the source.
+template <class V>
+void pickVectors(std::uint32_t* to, const PickedColumns& from, std::size_t count)
+{
+    constexpr auto lanes = static_cast<std::int32_t>(V::lanes);
+    std::size_t i = 0;
+    if (from.runLength >= lanes) {
+        const std::int32_t lastStart = from.runColumn + from.runLength - lanes;
+        for (; i + V::lanes <= count; i += V::lanes) {
+            const std::int32_t first = from.columns[i];
+            const std::int32_t start = first < lastStart ? first : lastStart;
+            if (from.columns[i + V::lanes - 1] - start >= lanes)
+                break;
+            const auto* const source = from.run + std::ptrdiff_t { 4 } * (start - from.runColumn);
+            const auto positions = V::load(from.columns + i) - static_cast<std::uint32_t>(start);
+            V::store(to + i, V::permuted(V::load(source), positions));
+        }
+    }
+    pickRest(to, from, i, count);
+}
+
+inline void pickFours(std::uint32_t* to, const PickedColumns& from, std::size_t count)
+{
+    pickRest(to, from, 0, count);
+}
+
+template <class V>
+void reverseVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+{
+    std::size_t i = 0;
+    for (; i + V::lanes <= count; i += V::lanes)
+        V::store(to + count - i - V::lanes, V::reversed(V::load(from + 4 * i)));
+    for (; i < count; ++i)
+        std::memcpy(to + count - i - 1, from + 4 * i, 4);
+}
+
+inline void turnPixels(
+    const QuarterTurn& turn, std::size_t x, std::size_t width, std::size_t y, std::size_t height)
+{
+    for (std::size_t column = x; column < x + width; ++column) {
+        for (std::size_t row = y; row < y + height; ++row) {
+            std::memcpy(turn.to + static_cast<std::ptrdiff_t>(column) * turn.toColumnPixels + row,
+                turn.from + static_cast<std::ptrdiff_t>(row) * turn.fromRowBytes + 4 * column, 4);
+        }
+    }
+}
+
+template <class V>
+void turnSquare(const QuarterTurn& turn, std::size_t x, std::size_t y)
+{
+    typename V::Words rows[V::lanes];
+    const std::uint8_t* from
+        = turn.from + static_cast<std::ptrdiff_t>(y) * turn.fromRowBytes + 4 * x;
+    for (auto& row : rows) {
+        row = V::load(from);
+        from += turn.fromRowBytes;
+    }
+    V::transpose(rows);
+    std::uint32_t* to = turn.to + static_cast<std::ptrdiff_t>(x) * turn.toColumnPixels + y;
+    for (const auto& row : rows) {
+        V::store(to, row);
+        to += turn.toColumnPixels;
+    }
+}
+
+template <class V>
+void quarterTurnSquares(const QuarterTurn& turn)
+{
+    const std::size_t squaresWidth = turn.width / V::lanes * V::lanes;
+    const std::size_t squaresHeight = turn.height / V::lanes * V::lanes;
+    // Two squares below each other fill whole cache lines of the target.
+    constexpr std::size_t band = 16;
+    for (std::size_t top = 0; top < squaresHeight; top += band) {
+        for (std::size_t x = 0; x < squaresWidth; x += V::lanes) {
+            for (std::size_t y = top; y < squaresHeight && y < top + band; y += V::lanes)
+                turnSquare<V>(turn, x, y);
+        }
+    }
+    turnPixels(turn, squaresWidth, turn.width - squaresWidth, 0, turn.height);
+    turnPixels(turn, 0, squaresWidth, squaresHeight, turn.height - squaresHeight);
+}
+
+} // namespace
+
+} // namespace kez
