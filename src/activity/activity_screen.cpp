@@ -69,6 +69,17 @@ void ActivityScreen::onLeave()
         sound->detach();
 }
 
+void ActivityScreen::lightButton(std::span<const Button> buttons)
+{
+    for (const Button& button : buttons)
+        button.image->visible = false;
+    hoveredButton_ = nullptr;
+    for (const Button& button : buttons)
+        if (hoverButton(*button.image))
+            return;
+}
+
+// Lights the button when the pointer is on it.
 bool ActivityScreen::hoverButton(Image& button)
 {
     button.visible = button.hitTest(mouseX, mouseY);
@@ -77,12 +88,21 @@ bool ActivityScreen::hoverButton(Image& button)
     return button.visible;
 }
 
+void ActivityScreen::explainClicked(std::span<const Button> buttons)
+{
+    for (const Button& button : buttons)
+        if (button.image == pickedItem)
+            sayGuide(button.helpClip);
+    leaveHelpMode();
+}
+
 void ActivityScreen::enterHelpMode()
 {
     cursorObject = &helpPointer_;
     helpMode = true;
 }
 
+// Nothing further hears the click that ended it.
 void ActivityScreen::leaveHelpMode()
 {
     cursorObject = &pointer_;

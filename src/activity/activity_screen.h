@@ -14,6 +14,7 @@
 #include "sprites/image.h"
 
 #include <array>
+#include <span>
 
 namespace kez {
 
@@ -41,11 +42,20 @@ public:
     }
 
 protected:
-    /// Lights the button when the pointer is on it; returns whether it is.
-    bool hoverButton(Image& button);
+    /// A rollover button, and the guide's clip that explains it.
+    struct Button {
+        Image* image;
+        int helpClip;
+    };
+
+    /// Lights the first button that the pointer is on, and no other.
+    void lightButton(std::span<const Button> buttons);
+
+    /// Explains the button that was clicked in help mode. What is no button explains nothing, but
+    /// ends help mode as well.
+    void explainClicked(std::span<const Button> buttons);
 
     void enterHelpMode();
-    void leaveHelpMode(); ///< Nothing further hears the click that ended it.
 
     /// The guide introduces the activity if the host asked for it, once in the module's lifetime.
     static void introduceOnce();
@@ -61,6 +71,10 @@ protected:
     Sound tapSound_; ///< A button or cell was clicked, or the screen has changed.
     Sound badSound_; ///< A request cannot be done.
     Sound trashSound_; ///< A picture was removed.
+
+private:
+    bool hoverButton(Image& button);
+    void leaveHelpMode();
 };
 
 void playTap(); ///< The current screen's; for what lies over a screen.

@@ -31,14 +31,8 @@ constexpr int rowY[] = { -168, -96, -26, 43 };
 constexpr int stepsPerTick = 5; // of the camera link
 constexpr std::uint32_t stepMs = 40;
 
-constexpr auto cellPositions = [] {
-    std::array<StagePoint, slotCount> positions {};
-    std::size_t cell = 0;
-    for (const int y : rowY)
-        for (const int x : columnX)
-            positions[cell++] = { x, y };
-    return positions;
-}();
+constexpr auto cellPositions = cellCentres(columnX, rowY, CellOrder::Rows);
+static_assert(cellPositions.size() == slotCount);
 
 } // namespace
 
@@ -194,7 +188,7 @@ void CameraScreen::serviceFired(Service& service)
 {
     if (&service == &clickService_) {
         if (helpMode)
-            explainClicked();
+            explainClicked(buttons());
     } else if (&service == &mouseService_) {
         if (mouseMove)
             hover(service);
@@ -207,28 +201,15 @@ void CameraScreen::serviceFired(Service& service)
 
 void CameraScreen::hover(Service& /*service*/)
 {
-    Image* const buttons[] = { &exportButton_, &returnButton_, &importButton_, &trashButton_,
-        &helpButton_, &saveButton_, &cameraButton_, &bookButton_ };
-    for (Image* button : buttons)
-        button->visible = false;
-    hoveredButton_ = nullptr;
-    for (Image* button : buttons)
-        if (hoverButton(*button))
-            return;
+    lightButton(buttons());
 }
 
-// What is no button explains nothing, but ends help mode as well.
-void CameraScreen::explainClicked()
+std::array<CameraScreen::Button, 8> CameraScreen::buttons()
 {
-    const std::pair<const Image*, int> explanations[]
-        = { { &helpButton_, clip::help }, { &importButton_, clip::importPicture },
-              { &exportButton_, clip::exportPicture }, { &cameraButton_, clip::camera },
-              { &saveButton_, clip::save }, { &trashButton_, clip::trash },
-              { &returnButton_, clip::giveBack }, { &bookButton_, clip::book } };
-    for (const auto& [button, clipId] : explanations)
-        if (button == pickedItem)
-            sayGuide(clipId);
-    leaveHelpMode();
+    return { { { &exportButton_, clip::exportPicture }, { &returnButton_, clip::giveBack },
+        { &importButton_, clip::importPicture }, { &trashButton_, clip::trash },
+        { &helpButton_, clip::help }, { &saveButton_, clip::save },
+        { &cameraButton_, clip::camera }, { &bookButton_, clip::book } } };
 }
 
 void CameraScreen::buttonPressed()

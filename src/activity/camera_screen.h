@@ -40,7 +40,7 @@ private:
     void lookForPicture();
     void advanceBusyPointer();
     [[nodiscard]] int shownBusyFrame() const;
-    void explainClicked();
+    [[nodiscard]] std::array<Button, 8> buttons(); ///< In the order in which they are looked at.
     void buttonPressed();
     void fetchPictures();
     void exportSelected();

@@ -27,15 +27,8 @@ constexpr int rowY[] = { -176, -107, -36, 32 };
 constexpr int clipPixels = clipWidth * clipHeight;
 constexpr std::uint32_t stepMs = 250;
 
-// Column by column.
-constexpr auto cellPositions = [] {
-    std::array<StagePoint, BookPage::cells> positions {};
-    std::size_t cell = 0;
-    for (const int x : columnX)
-        for (const int y : rowY)
-            positions[cell++] = { x, y };
-    return positions;
-}();
+constexpr auto cellPositions = cellCentres(columnX, rowY, CellOrder::Columns);
+static_assert(cellPositions.size() == BookPage::cells);
 
 } // namespace
 
@@ -143,19 +136,14 @@ std::array<PhotoBook::Button, 10> PhotoBook::buttons()
 
 void PhotoBook::hover(Service& /*service*/)
 {
-    for (const Button& button : buttons())
-        button.image->visible = false;
-    hoveredButton_ = nullptr;
-    for (const Button& button : buttons())
-        if (hoverButton(*button.image))
-            return;
+    lightButton(buttons());
 }
 
 void PhotoBook::serviceFired(Service& service)
 {
     if (&service == &clickService_) {
         if (helpMode)
-            explainPicked();
+            explainClicked(buttons());
     } else if (&service == &keyService_) {
         if (keyChar)
             keyTyped(keyCode);
@@ -167,14 +155,6 @@ void PhotoBook::serviceFired(Service& service)
     } else if (&service == &grid_) {
         gridClicked();
     }
-}
-
-void PhotoBook::explainPicked()
-{
-    for (const Button& button : buttons())
-        if (pickedItem == button.image)
-            sayGuide(button.helpClip);
-    leaveHelpMode();
 }
 
 void PhotoBook::gridClicked()

@@ -37,13 +37,7 @@ public:
     [[nodiscard]] int page() const { return page_.number(); } ///< 0 first.
 
 private:
-    struct Button {
-        Image* image;
-        int helpClip;
-    };
-
     [[nodiscard]] std::array<Button, 10> buttons(); ///< In the order in which they are looked at.
-    void explainPicked();
     void gridClicked();
     void cellClicked();
     void clickedElsewhere();

@@ -10,6 +10,8 @@
 #include "input/input_services.h"
 #include "sprites/rectangle.h"
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <vector>
@@ -22,6 +24,21 @@ struct GridLayout {
     int cellHeight = 0;
     std::span<const StagePoint> cells {};
 };
+
+/// The centres of columns × rows cells, row by row; with `Columns`, column by column.
+enum class CellOrder { Rows, Columns };
+
+template <std::size_t columns, std::size_t rows>
+constexpr std::array<StagePoint, columns * rows> cellCentres(
+    const int (&columnX)[columns], const int (&rowY)[rows], CellOrder order)
+{
+    std::array<StagePoint, columns * rows> centres {};
+    for (std::size_t column = 0; column < columns; ++column)
+        for (std::size_t row = 0; row < rows; ++row)
+            centres[order == CellOrder::Rows ? row * columns + column : column * rows + row]
+                = { columnX[column], rowY[row] };
+    return centres;
+}
 
 class ThumbnailGrid : public Actor {
 public:
