@@ -4,12 +4,13 @@
 packages_run=(
     build-essential cmake ninja-build pkg-config ccache python3
     libsdl2-dev libopenal-dev libfreetype-dev libfontconfig-dev fonts-dejavu-core
-    libjpeg62-turbo-dev libpng-dev libcli11-dev librsvg2-bin
+    libjpeg62-turbo-dev libpng-dev libcli11-dev libleptonica-dev librsvg2-bin
     libsndfile1-dev libsamplerate0-dev festival festlex-cmu festlex-poslex festvox-us-slt-hts
     espeak-ng sox
 )
 packages_test=(
     libgtest-dev libgmock-dev clang-format clang-tidy git xvfb
+    appstream desktop-file-utils mandoc bsdextrautils
 )
 packages_windows=(
     g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev nasm bubblewrap xvfb

@@ -8,16 +8,17 @@
 
 namespace kez::tools {
 
-std::size_t writeArchive(const std::string& path,
+ArchiveSize writeArchive(const std::string& path,
     const std::vector<std::vector<std::uint8_t>>& records, ArchiveForm form)
 {
     std::vector<std::uint8_t> bytes;
     for (const auto& record : records)
         bytes.insert(bytes.end(), record.begin(), record.end());
-    if (bytes.size() > files::largestRead)
-        throw UserError(path
-            + ": the records need more than the 1 GiB that an archive may have; "
-              "leave some out or make pictures smaller");
+    const std::size_t unpacked = bytes.size();
+    if (unpacked > files::largestRead)
+        throw UserError(path + ": the records have " + std::to_string(unpacked)
+            + " bytes. Readers take 1 GiB, and no compressed archive can announce more than "
+              "65,535 x 65,535; leave some out or make pictures smaller");
     if (form == ArchiveForm::Compressed) {
         Progress progress("compressing " + path);
         const std::size_t size = bytes.size();
@@ -29,7 +30,7 @@ std::size_t writeArchive(const std::string& path,
     }
     if (!files::write(path, bytes))
         throw UserError(path + ": the file cannot be written; is there room and the right to?");
-    return bytes.size();
+    return { bytes.size(), unpacked };
 }
 
 } // namespace kez::tools

@@ -11,9 +11,13 @@ namespace kez::tools {
 
 enum class ArchiveForm { Raw, Compressed };
 
-/// Writes the records in their order, whole or not at all, and returns the file's size. Throws
-/// UserError.
-std::size_t writeArchive(const std::string& path,
+struct ArchiveSize {
+    std::size_t file = 0;
+    std::size_t unpacked = 0;
+};
+
+/// Writes the records in their order, whole or not at all. Throws UserError.
+ArchiveSize writeArchive(const std::string& path,
     const std::vector<std::vector<std::uint8_t>>& records, ArchiveForm form);
 
 } // namespace kez::tools

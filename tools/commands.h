@@ -8,10 +8,12 @@ class App;
 
 namespace kez::tools {
 
+void addContentCommand(CLI::App& app);
 void addListCommand(CLI::App& app);
 void addPackCommand(CLI::App& app);
 void addPictureCommand(CLI::App& app);
 void addSoundCommand(CLI::App& app);
 void addUnpackCommand(CLI::App& app);
+void addVerifyCommand(CLI::App& app);
 
 } // namespace kez::tools

@@ -2,6 +2,7 @@
 #include "kez_app.h"
 
 #include "commands.h"
+#include "progress.h"
 
 #include <CLI/CLI.hpp>
 
@@ -17,8 +18,13 @@ int runKez(int argc, const char* const* argv)
         "Packs and unpacks the archives of Kez and converts its pictures and sounds.", "kez");
     app.set_version_flag("--version", "kez " KEZ_VERSION);
     app.require_subcommand(1);
+    app.fallthrough();
+    app.add_flag("--progress", progressWanted,
+        "Report on long work every second, also when standard error is no terminal");
+    addContentCommand(app);
     addPackCommand(app);
     addListCommand(app);
+    addVerifyCommand(app);
     addUnpackCommand(app);
     addPictureCommand(app);
     addSoundCommand(app);

@@ -54,6 +54,16 @@ public:
         return value;
     }
 
+    [[nodiscard]] int colours(const std::string& text) const
+    {
+        constexpr int fewest = 2;
+        constexpr int most = 256;
+        const int value = number("colours", text);
+        if (value < fewest || value > most)
+            fail("colours=" + text + " is not between 2 and 256, which a palette can hold");
+        return value;
+    }
+
     [[noreturn]] void fail(const std::string& what) const { throw UserError(where_ + ": " + what); }
 
 private:
@@ -72,13 +82,15 @@ void takeSpriteKey(
         item.y = line.number(key, value);
     } else if (key == "keep" && value.empty()) {
         item.keep = true;
+    } else if (key == "colours") {
+        item.colours = line.colours(value);
     } else if (key == "form") {
         item.form = spriteFormNamed(value);
         if (item.form == nullptr)
             line.fail("form=" + value + " is unknown; the forms are " + spriteFormNames());
     } else {
         line.fail("unknown key \"" + key
-            + "\"; a sprite's keys are file=, depth=, x=, y=, form= and keep");
+            + "\"; a sprite's keys are file=, depth=, x=, y=, form=, colours= and keep");
     }
 }
 
@@ -176,6 +188,8 @@ std::string formatManifestItem(const ManifestItem& item)
     if (item.y)
         text.append(" y=").append(std::to_string(*item.y));
     text.append(" form=").append(item.form->name);
+    if (item.colours != 0)
+        text.append(" colours=").append(std::to_string(item.colours));
     return item.keep ? text.append(" keep") : text;
 }
 

@@ -7,9 +7,10 @@
 ///     record chime.wv5 file=chime.wv5
 ///
 /// `sprite NAME` is stored as NAME.sp5. Its keys: file (default NAME.png), depth (100), x and y of
-/// the centre, form (auto; see sprite_forms.h), keep (the picture is not cropped). `record NAME` is
-/// a finished record, taken as it is; its key: file (default NAME). A word with spaces stands in
-/// double quotes. What follows a # that begins a word is a comment.
+/// the centre, form (auto; see sprite_forms.h), colours (at most so many, 2 to 256, chosen to fit;
+/// by default all stay), keep (the picture is not cropped). `record NAME` is a finished record,
+/// taken as it is; its key: file (default NAME). A word with spaces stands in double quotes. What
+/// follows a # that begins a word is a comment.
 #pragma once
 
 #include "sprite_forms.h"
@@ -32,6 +33,7 @@ struct ManifestItem {
     std::optional<int> x {}; ///< Empty: from the picture's place.
     std::optional<int> y {};
     const SpriteForm* form = nullptr;
+    int colours = 0; ///< 0: all stay.
     bool keep = false;
 };
 

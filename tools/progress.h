@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-/// A line on standard error every second while a long piece of work goes on; none for short work.
+/// A line on standard error every second while a long piece of work goes on; none for short work,
+/// and none when nobody sits at the terminal, unless it was asked for.
 #pragma once
 
 #include <chrono>
@@ -7,7 +8,11 @@
 #include <cstdio>
 #include <string>
 
+#include <unistd.h>
+
 namespace kez::tools {
+
+inline bool progressWanted = isatty(STDERR_FILENO) != 0; ///< `--progress` sets it.
 
 class Progress {
 public:
@@ -19,7 +24,7 @@ public:
     void at(std::size_t done, std::size_t all)
     {
         const auto now = std::chrono::steady_clock::now();
-        if (now < next_)
+        if (!progressWanted || now < next_)
             return;
         next_ = now + std::chrono::seconds(1);
         std::fprintf(stderr, "kez: %s: %zu of %zu\n", what_.c_str(), done, all);
