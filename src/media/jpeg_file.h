@@ -18,7 +18,8 @@ int writeJpeg(const char* path, const std::uint8_t* pixels, int width, int heigh
 /// Reads a JPEG whose colours are stored as YCbCr, in its full size. Null and a diagnostic naming
 /// the file when it cannot be opened, is damaged, ends early, has other colours or is too large.
 /// The picture stays until `freeJpegPixels`, which is due before the next picture is read: only the
-/// last one is remembered. Needs 3 bytes a pixel, and for files of several scans as much again.
+/// last one is remembered. Needs 3 bytes a pixel; for files of several scans as many addresses
+/// again, though hardly more memory.
 std::uint8_t* readJpeg(const char* path, int* width, int* height);
 
 void freeJpegPixels(); ///< Frees the last picture read, if any, and forgets it.

@@ -3,6 +3,7 @@
 #include "core/diagnostics.h"
 #include "media/byte_block.h"
 #include "media/jpeg_file.h"
+#include "media/jpeg_scans.h"
 #include "media/jpeg_source.h"
 #include "platform/exif_orientation.h"
 #include "platform/large_memory.h"
@@ -15,8 +16,6 @@ namespace kez {
 
 namespace {
 
-// Honest files have a dozen scans; thousands of tiny ones would keep us busy for hours.
-constexpr int mostScans = 200;
 // For files of several scans, which are held whole: two bytes a sample.
 constexpr long mostMemory = 640L << 20;
 constexpr std::uint8_t exifMark[] = { 'E', 'x', 'i', 'f', 0, 0 };
@@ -30,16 +29,10 @@ struct Decoder {
     jpeg_decompress_struct info {};
     JpegErrors errors;
     JpegSource source;
-    jpeg_progress_mgr progress {};
+    JpegScans scans;
     std::uint8_t* pixels = nullptr;
     int orientation = 1;
 };
-
-void watchScans(j_common_ptr info)
-{
-    if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > mostScans)
-        static_cast<JpegErrors*>(info->client_data)->giveUp("It has too many scans");
-}
 
 int orientationOf(const jpeg_decompress_struct& info)
 {
@@ -86,8 +79,7 @@ bool decode(Decoder& decoder, files::Reader& file)
     jpeg_decompress_struct& info = decoder.info;
     jpeg_create_decompress(&info);
     decoder.source.attachTo(info, decoder.errors, file);
-    decoder.progress.progress_monitor = watchScans;
-    info.progress = &decoder.progress;
+    decoder.scans.attachTo(info, decoder.errors);
     info.mem->max_memory_to_use = mostMemory;
     readHeader(decoder);
     jpeg_start_decompress(&info);

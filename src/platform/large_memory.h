@@ -11,4 +11,8 @@ namespace kez {
 /// Bytes of no particular value; null when the system refuses them. Given back by `std::free`.
 [[nodiscard]] void* allocateLarge(std::size_t bytes);
 
+/// The pages that lie whole between these bytes are not needed before they are written again: what
+/// they hold may be lost. The memory stays allocated.
+void giveBack(void* memory, std::size_t bytes);
+
 } // namespace kez

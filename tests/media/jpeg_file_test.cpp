@@ -104,12 +104,12 @@ class JpegFiles : public testing::Test {
 protected:
     ~JpegFiles() override { freeJpegPixels(); }
 
-    static Bytes makePicture()
+    static Bytes makePicture(int columns, int rows)
     {
         Bytes pixels;
-        for (int i = 0; i < width * height; ++i)
+        for (int i = 0; i < columns * rows; ++i)
             for (const int factor : { 5, 2, 3 })
-                pixels.push_back(static_cast<std::uint8_t>(i % width * factor + i / width * 4));
+                pixels.push_back(static_cast<std::uint8_t>(i % columns * factor + i / columns * 4));
         return pixels;
     }
 
@@ -123,7 +123,7 @@ protected:
 
     static constexpr int width = 47;
     static constexpr int height = 33;
-    const Bytes picture = makePicture();
+    const Bytes picture = makePicture(width, height);
     const Bytes fromTop = exchanged(picture, width, height);
     TemporaryFolder folder;
     int readWidth = 0;
@@ -138,16 +138,26 @@ TEST_F(JpegFiles, holdExactlyWhatTheLibraryMakesByItself)
 
 TEST_F(JpegFiles, areReadAsTheLibraryReadsThem)
 {
-    for (const bool isProgressive : { false, true }) {
-        const std::string file
-            = PlainJpeg { .isProgressive = isProgressive }.file(fromTop, width, height);
+    const struct {
+        int width;
+        int height;
+        bool isProgressive;
+    } cases[] = {
+        { 47, 33, false }, { 47, 33, true },
+        { 4000, 601, true }, // gives its coefficients back row by row
+    };
+
+    for (const auto& each : cases) {
+        const Bytes pixels = makePicture(each.width, each.height);
+        const std::string file = PlainJpeg { .isProgressive = each.isProgressive }.file(
+            exchanged(pixels, each.width, each.height), each.width, each.height);
         folder.put("a.jpg", file);
         const std::uint8_t* read = readJpeg((folder / "a.jpg").c_str(), &readWidth, &readHeight);
         ASSERT_NE(read, nullptr);
-        EXPECT_EQ(readWidth, width);
-        EXPECT_EQ(readHeight, height);
-        EXPECT_EQ(
-            exchanged(Bytes(read, read + picture.size()), width, height), decodedByLibrary(file));
+        EXPECT_EQ(readWidth, each.width);
+        EXPECT_EQ(readHeight, each.height);
+        EXPECT_TRUE(exchanged(Bytes(read, read + pixels.size()), each.width, each.height)
+            == decodedByLibrary(file));
         freeJpegPixels();
     }
 }
