@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
+// A quarter turn is a transposition and the rows' order turned round before or after it. A large
+// picture is transposed in place: strips of rows each by itself, through a buffer that stays in the
+// cache, after which the strips' columns only have to find their places, whole.
 #include "media/turn_upright.h"
 
 #include "media/byte_block.h"
+#include "media/targa_rows.h"
 
-#include <array>
+#include <algorithm>
 #include <cstring>
+#include <span>
 #include <utility>
 
 namespace kez {
@@ -12,40 +17,26 @@ namespace kez {
 namespace {
 
 constexpr std::size_t pixelBytes = 3;
+constexpr std::size_t mostStripBytes = std::size_t { 1 } << 20;
+constexpr std::size_t tileColumns = 16; // beside each other in a cache line
 
-/// Which pixel of the stored picture a pixel of the upright one is. Pixels are numbered from the
-/// bottom row on.
-class StoredPlace {
-public:
-    StoredPlace(std::size_t width, std::size_t height, int orientation)
-        : width_(width)
-        , isTransposed_(orientation >= 5)
-        , uprightWidth_(isTransposed_ ? height : width)
-        , lastX_(orientation == 2 || orientation == 3 || orientation == 5 || orientation == 6
-                  ? width - 1
-                  : 0)
-        , lastY_(orientation == 3 || orientation == 4 || orientation == 5 || orientation == 8
-                  ? height - 1
-                  : 0)
-    {
-    }
+/// A matrix of pixels, row by row.
+struct Matrix {
+    std::size_t rows;
+    std::size_t columns;
 
-    [[nodiscard]] std::size_t operator()(std::size_t upright) const
-    {
-        std::size_t x = upright % uprightWidth_;
-        std::size_t y = upright / uprightWidth_;
-        if (isTransposed_)
-            std::swap(x, y);
-        return (lastY_ != 0 ? lastY_ - y : y) * width_ + (lastX_ != 0 ? lastX_ - x : x);
-    }
-
-private:
-    std::size_t width_;
-    bool isTransposed_;
-    std::size_t uprightWidth_;
-    std::size_t lastX_; // the column counted backwards from; 0: counted forwards
-    std::size_t lastY_;
+    [[nodiscard]] std::size_t count() const { return rows * columns; }
 };
+
+/// The largest number of rows that divides the picture evenly and makes a strip of bearable size.
+std::size_t stripRows(const Matrix& matrix)
+{
+    const std::size_t most = mostStripBytes / (matrix.columns * pixelBytes);
+    std::size_t rows = std::clamp<std::size_t>(most, 1, matrix.rows);
+    while (matrix.rows % rows != 0)
+        --rows;
+    return rows;
+}
 
 class Marks {
 public:
@@ -67,23 +58,90 @@ private:
     ByteBlock bits_;
 };
 
-// Every pixel goes to its place, whose pixel goes to its place, and so on until the round is
-// closed.
-void turnRound(std::uint8_t* pixels, std::size_t start, const StoredPlace& storedPlace, Marks& done)
-{
-    std::array<std::uint8_t, pixelBytes> first;
-    std::memcpy(first.data(), pixels + start * pixelBytes, pixelBytes);
-    for (std::size_t to = start;;) {
-        const std::size_t from = storedPlace(to);
-        done.set(to);
-        if (from == start) {
-            std::memcpy(pixels + to * pixelBytes, first.data(), pixelBytes);
-            return;
-        }
-        std::memcpy(pixels + to * pixelBytes, pixels + from * pixelBytes, pixelBytes);
-        to = from;
+class Transposition {
+public:
+    Transposition(std::uint8_t* pixels, const Matrix& matrix)
+        : pixels_(pixels)
+        , matrix_(matrix)
+        , rowsFirst_(stripRows(matrix) >= stripRows(flipped(matrix)))
+        , strip_(rowsFirst_ ? Matrix { stripRows(matrix), matrix.columns }
+                            : Matrix { matrix.rows, stripRows(flipped(matrix)) })
+        , pieces_(rowsFirst_ ? Matrix { matrix.rows / strip_.rows, matrix.columns }
+                             : Matrix { matrix.rows, matrix.columns / strip_.columns })
+        , buffer_(ByteBlock::unset(strip_.count() * pixelBytes))
+        , placed_(pieces_.count())
+    {
     }
-}
+
+    explicit operator bool() const { return buffer_ && placed_; }
+
+    void run()
+    {
+        if (rowsFirst_)
+            turnStrips();
+        placePieces();
+        if (!rowsFirst_)
+            turnStrips();
+    }
+
+private:
+    static Matrix flipped(const Matrix& matrix) { return { matrix.columns, matrix.rows }; }
+
+    void turnStrips()
+    {
+        const std::size_t bytes = strip_.count() * pixelBytes;
+        for (std::size_t at = 0; at < matrix_.count() * pixelBytes; at += bytes) {
+            turnStrip(pixels_ + at, buffer_.data());
+            std::memcpy(pixels_ + at, buffer_.data(), bytes);
+        }
+    }
+
+    void turnStrip(const std::uint8_t* from, std::uint8_t* to) const
+    {
+        for (std::size_t left = 0; left < strip_.columns; left += tileColumns) {
+            const std::size_t right = std::min(left + tileColumns, strip_.columns);
+            for (std::size_t row = 0; row < strip_.rows; ++row)
+                for (std::size_t column = left; column < right; ++column)
+                    std::memcpy(to + (column * strip_.rows + row) * pixelBytes,
+                        from + (row * strip_.columns + column) * pixelBytes, pixelBytes);
+        }
+    }
+
+    // Transposes the pieces, stretches of pixels that stay together.
+    void placePieces()
+    {
+        if (pieces_.rows == 1 || pieces_.columns == 1)
+            return;
+        for (std::size_t i = 0; i < pieces_.count(); ++i)
+            if (!placed_.has(i))
+                placeRound(i);
+    }
+
+    // Every piece goes to its place, whose piece goes to its place, and so on until the round is
+    // closed.
+    void placeRound(std::size_t start)
+    {
+        const std::size_t bytes = matrix_.count() / pieces_.count() * pixelBytes;
+        std::memcpy(buffer_.data(), pixels_ + start * bytes, bytes);
+        for (std::size_t to = start;;) {
+            const std::size_t from = to % pieces_.rows * pieces_.columns + to / pieces_.rows;
+            placed_.set(to);
+            const std::uint8_t* piece = from == start ? buffer_.data() : pixels_ + from * bytes;
+            std::memcpy(pixels_ + to * bytes, piece, bytes);
+            if (from == start)
+                return;
+            to = from;
+        }
+    }
+
+    std::uint8_t* pixels_;
+    Matrix matrix_;
+    bool rowsFirst_; ///< Strips are of whole rows; else of columns, once the pieces are placed.
+    Matrix strip_;
+    Matrix pieces_;
+    ByteBlock buffer_;
+    Marks placed_;
+};
 
 } // namespace
 
@@ -91,17 +149,26 @@ bool turnUpright(std::uint8_t* pixels, int& width, int& height, int orientation)
 {
     if (orientation < 2 || orientation > 8 || width < 1 || height < 1)
         return true;
-    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    const StoredPlace storedPlace(
-        static_cast<std::size_t>(width), static_cast<std::size_t>(height), orientation);
-    Marks done(count);
-    if (!done)
+    const Matrix stored { static_cast<std::size_t>(height), static_cast<std::size_t>(width) };
+    const std::span<std::uint8_t> picture(pixels, stored.count() * pixelBytes);
+    if (orientation == 2)
+        mirrorRows(picture, stored.columns * pixelBytes);
+    if (orientation == 3) // all pixels in the opposite order
+        mirrorRows(picture, picture.size());
+    if (orientation == 4)
+        flipRows(picture, stored.columns * pixelBytes);
+    if (orientation < 5)
+        return true;
+
+    Transposition transposition(pixels, stored);
+    if (!transposition)
         return false;
-    for (std::size_t i = 0; i < count; ++i)
-        if (!done.has(i))
-            turnRound(pixels, i, storedPlace, done);
-    if (orientation >= 5)
-        std::swap(width, height);
+    if (orientation == 5 || orientation == 8)
+        flipRows(picture, stored.columns * pixelBytes);
+    transposition.run();
+    if (orientation == 5 || orientation == 6)
+        flipRows(picture, stored.rows * pixelBytes);
+    std::swap(width, height);
     return true;
 }
 

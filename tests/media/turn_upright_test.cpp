@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,32 @@ TEST(TurnUpright, knowsAllOrientations)
     EXPECT_EQ(turned(stored, 3, 2, 9), stored);
     EXPECT_EQ(turned("abcd", 4, 1, 6), "a/b/c/d");
     EXPECT_EQ(turned("a/b/c/d", 1, 4, 6), "dcba");
+}
+
+// Sizes that are turned in one strip, in strips of rows, of columns, and pixel by pixel.
+TEST(TurnUpright, turnsLargePicturesLikeSmallOnes)
+{
+    for (const auto& [width, height] :
+        { std::pair { 301, 211 }, { 2000, 1208 }, { 1208, 1999 }, { 1999, 997 } }) {
+        SCOPED_TRACE(width);
+        std::vector<std::uint8_t> stored(static_cast<std::size_t>(3 * width * height));
+        std::uint32_t noise = 1;
+        for (std::uint8_t& byte : stored)
+            byte = static_cast<std::uint8_t>((noise = noise * 1664525 + 1013904223) >> 24);
+        std::vector<std::uint8_t> pixels = stored;
+        int turnedWidth = width;
+        int turnedHeight = height;
+        ASSERT_TRUE(turnUpright(pixels.data(), turnedWidth, turnedHeight, 6));
+        ASSERT_EQ(turnedWidth, height);
+        std::size_t wrong = 0;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) {
+                const auto from = static_cast<std::size_t>(3 * (y * width + x));
+                const auto to = static_cast<std::size_t>(3 * ((width - 1 - x) * height + y));
+                wrong += std::memcmp(&stored[from], &pixels[to], 3) != 0 ? 1u : 0u;
+            }
+        EXPECT_EQ(wrong, 0u);
+    }
 }
 
 } // namespace
