@@ -10,10 +10,7 @@
 #include "input/events.h"
 #include "media/camera.h"
 #include "media/resource_archive.h"
-
-#include <windows.h>
-
-#include <ddraw.h>
+#include "support/display.h"
 
 #include <filesystem>
 
@@ -21,32 +18,17 @@ namespace kez::bench {
 
 namespace {
 
-DDPIXELFORMAT formatOf(int bits)
-{
-    DDPIXELFORMAT format = {};
-    format.dwSize = sizeof format;
-    format.dwFlags = DDPF_RGB;
-    format.dwRGBBitCount = static_cast<DWORD>(bits);
-    format.dwRBitMask = bits == 16 ? 0xF800 : 0xFF0000;
-    format.dwGBitMask = bits == 16 ? 0x07E0 : 0x00FF00;
-    format.dwBBitMask = bits == 16 ? 0x001F : 0x0000FF;
-    return format;
-}
-
 /// The camera screen as the child sees it, on surfaces without a window.
 class CameraFrame {
 public:
     explicit CameraFrame(int bits)
+        : display_(bits)
     {
-        DirectDrawCreate(nullptr, &directDraw_, nullptr);
-        directDraw_->SetCooperativeLevel(nullptr, DDSCL_NORMAL);
-        primary_ = makeSurface(bits);
-        secondary_ = makeSurface(bits);
         std::filesystem::current_path(KEZ_BENCH_CONTENT);
         setDataPath(std::filesystem::temp_directory_path().c_str());
         createArchive();
         archive()->open("data\\kez.wad");
-        screen().attach(directDraw_, primary_, secondary_, bits);
+        screen().attach(display_.directDraw, display_.primary, display_.secondary, bits);
         switchTo(cameraScreen());
         performSwitch();
         mouseEvent(-100, 160, MouseEvent::Move); // a button is lit
@@ -57,9 +39,6 @@ public:
         endScene();
         screen().detach();
         destroyArchive();
-        primary_->Release();
-        secondary_->Release();
-        directDraw_->Release();
     }
 
     CameraFrame(const CameraFrame&) = delete;
@@ -70,27 +49,11 @@ public:
     void copyToPrimary()
     {
         RECT all { 0, 0, canvasWidth, canvasHeight };
-        primary_->BltFast(0, 0, secondary_, &all, DDBLTFAST_WAIT);
+        display_.primary->BltFast(0, 0, display_.secondary, &all, DDBLTFAST_WAIT);
     }
 
 private:
-    IDirectDrawSurface* makeSurface(int bits)
-    {
-        DDSURFACEDESC description = {};
-        description.dwSize = sizeof description;
-        description.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
-        description.dwWidth = canvasWidth;
-        description.dwHeight = canvasHeight;
-        description.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
-        description.ddpfPixelFormat = formatOf(bits);
-        IDirectDrawSurface* surface = nullptr;
-        directDraw_->CreateSurface(&description, &surface, nullptr);
-        return surface;
-    }
-
-    IDirectDraw* directDraw_ = nullptr;
-    IDirectDrawSurface* primary_ = nullptr;
-    IDirectDrawSurface* secondary_ = nullptr;
+    test::Display display_;
 };
 
 void addFrame(int bits)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/files.h"
+#include "platform/file_texts.h"
 #include "platform/temporary_folder.h"
 
 #include <windows.h>
@@ -13,12 +13,6 @@ namespace kez::files {
 namespace {
 
 using test::TemporaryFolder;
-using Names = std::vector<std::string>;
-
-Bytes bytesOf(const std::string& text)
-{
-    return Bytes(text.begin(), text.end());
-}
 
 bool writeInPieces(const std::string& path)
 {

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What file systems of this kind hold besides: names in two spellings, links, pipes, permissions.
-#include "platform/files.h"
+#include "platform/file_texts.h"
 #include "platform/temporary_folder.h"
 
 #include <windows.h>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <optional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,26 +15,6 @@ namespace kez::files {
 namespace {
 
 using test::TemporaryFolder;
-using Names = std::vector<std::string>;
-
-Bytes bytesOf(const std::string& text)
-{
-    return Bytes(text.begin(), text.end());
-}
-
-std::string textOf(const std::optional<Bytes>& bytes)
-{
-    return bytes ? std::string(bytes->begin(), bytes->end()) : "(none)";
-}
-
-Names namesOf(const std::vector<Entry>& entries)
-{
-    Names names;
-    for (const Entry& entry : entries)
-        names.push_back(entry.name);
-    std::ranges::sort(names);
-    return names;
-}
 
 struct CaseCase {
     const char* asked;

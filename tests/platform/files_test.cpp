@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/files.h"
+#include "platform/file_texts.h"
 #include "platform/temporary_folder.h"
 
 #include <windows.h>
@@ -7,32 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <optional>
 
 namespace kez::files {
 namespace {
 
 using test::TemporaryFolder;
-using Names = std::vector<std::string>;
-
-Bytes bytesOf(const std::string& text)
-{
-    return Bytes(text.begin(), text.end());
-}
-
-std::string textOf(const std::optional<Bytes>& bytes)
-{
-    return bytes ? std::string(bytes->begin(), bytes->end()) : "(none)";
-}
-
-Names namesOf(const std::vector<Entry>& entries)
-{
-    Names names;
-    for (const Entry& entry : entries)
-        names.push_back(entry.name);
-    std::ranges::sort(names);
-    return names;
-}
 
 TEST(Files, areWrittenOverTheNameThatIsThere)
 {
