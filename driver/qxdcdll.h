@@ -80,7 +80,7 @@ QXDC_API uint32_t MviResetImageCounter(int index);
 QXDC_API uint32_t MviSyncCamera(void);
 
 /* An upload: Begin, every line, Info. It is of the picture at the counter's place; one that was
- * never used gives an unexposed picture. A line's buffer holds at least lineBytes bytes. */
+ * never used gives a sample picture. A line's buffer holds at least lineBytes bytes. */
 QXDC_API uint32_t MviBeginUploadImage(int* lineCount, int* lineBytes);
 QXDC_API uint32_t MviUploadImageLine(unsigned char* line, int lineBytes);
 QXDC_API uint32_t MviUploadImageInfo(MVIGRABINFO* info);

@@ -149,14 +149,6 @@ RawPicture expose(const Picture& picture)
     return raw;
 }
 
-RawPicture unexposed()
-{
-    constexpr std::uint8_t dark = 40;
-    Picture picture;
-    picture.fill(dark);
-    return expose(picture);
-}
-
 bool colourize(std::span<const std::uint8_t, MVI_RAW_BYTES> raw,
     std::span<std::uint8_t, MVI_PICTURE_BYTES> picture)
 {

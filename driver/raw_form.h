@@ -25,8 +25,6 @@ static_assert(rawLines * rawLineBytes == MVI_RAW_BYTES);
 
 [[nodiscard]] RawPicture expose(const Picture& picture);
 
-[[nodiscard]] RawPicture unexposed(); ///< What is in a place that was never used: even, dark grey.
-
 /// The picture that hosts get: blue, green, red; bottom row first. False, and the picture is
 /// undefined, when the data are not of the raw form.
 [[nodiscard]] bool colourize(std::span<const std::uint8_t, MVI_RAW_BYTES> raw,

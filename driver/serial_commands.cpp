@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "raw_form.h"
+#include "sample_picture.h"
 #include "serial_camera.h"
 
 #include <algorithm>
@@ -168,8 +169,8 @@ SerialCamera::Result SerialCamera::uploadLine(unsigned char* line, int lineBytes
     if (upload_.nextLine >= rawLines)
         return MVI_COMMS_BAD_PACKET;
     const std::ptrdiff_t from = std::ptrdiff_t { rawLineBytes } * upload_.nextLine++;
-    static const RawPicture empty = unexposed();
-    const RawPicture& raw = upload_.raw != nullptr ? *upload_.raw : empty;
+    static const RawPicture sample = expose(samplePicture());
+    const RawPicture& raw = upload_.raw != nullptr ? *upload_.raw : sample;
     std::copy_n(raw.begin() + from, rawLineBytes, line);
     return MVI_OK;
 }

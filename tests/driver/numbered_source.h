@@ -6,6 +6,7 @@
 #include "picture_source.h"
 #include "raw_form.h"
 
+#include <cstdlib>
 #include <span>
 
 namespace kez::driver::test {
@@ -28,17 +29,18 @@ public:
 
     int atStart() const override { return atStart_; }
 
-    /// The number of a picture fetched; 0 for an unexposed one.
+    /// The number of a picture fetched; 0 for the sample that is in an unused place.
     static int numberOf(std::span<const unsigned char, MVI_RAW_BYTES> raw)
     {
         std::array<std::uint8_t, MVI_PICTURE_BYTES> picture;
         if (!colourize(raw, picture))
             return -1;
-        return (picture[0] - firstBrightness + 2) / 4;
+        const bool isGrey = std::abs(picture[0] - picture[1]) <= 2;
+        return isGrey ? (picture[0] - firstBrightness + 2) / 4 : 0;
     }
 
 private:
-    static constexpr int firstBrightness = 40; // that of an unexposed picture
+    static constexpr int firstBrightness = 40;
 
     int atStart_;
     int taken_ = 0;
