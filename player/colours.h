@@ -20,7 +20,7 @@ constexpr DWORD pixelColour(DWORD red, DWORD green, DWORD blue)
 
 constexpr DWORD selectedFrame = graphicColour(255, 90, 30);
 constexpr DWORD labelText = graphicColour(75, 46, 62);
-constexpr DWORD emptyCell = pixelColour(214, 234, 240);
-constexpr DWORD bookFrame = graphicColour(75, 46, 62);
+constexpr DWORD emptyCell = pixelColour(234, 223, 198);
+constexpr DWORD bookFrame = graphicColour(150, 104, 66);
 
 } // namespace kez::player

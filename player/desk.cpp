@@ -24,10 +24,9 @@ constexpr std::array<Button, deskChoices> buttons { {
     { "desk_quit.png", "Q", { 440, 370, 600, 470 }, 'Q' },
 } };
 
-// Where the artwork has its frame, the plate below it and the sheet of paper beside it.
+// Where the artwork has its frame and the plate below it.
 constexpr RECT frame { 160, 70, 480, 310 };
 constexpr RECT plate { 202, 322, 438, 346 };
-constexpr RECT paperSheet { 523, 102, 626, 250 };
 constexpr int margin = 14; // Around a text in the frame.
 
 constexpr std::uint32_t wood = 0xFF8A6A4A;
@@ -37,12 +36,11 @@ constexpr std::uint32_t emptyFrame = 0xFFF4EEDD;
 
 constexpr COLORREF inkColour = RGB(0x33, 0x30, 0x4D);
 constexpr COLORREF paperColour = RGB(0xFF, 0xFF, 0xFF);
-constexpr const char* keyHints = "C  camera\nB  book\nQ  quit\n\nF11  full\nscreen";
 
-std::string labelOf(const HandedBack& handedBack)
+// The name of a picture that was not kept is its number behind a tilde; a child knows the number.
+std::string labelOf(const std::string& name)
 {
-    return handedBack.name + "   " + std::to_string(handedBack.picture.width) + " x "
-        + std::to_string(handedBack.picture.height);
+    return name.starts_with('~') ? name.substr(1) : name;
 }
 
 // Paths may be longer than a line; lines are broken only between words.
@@ -73,39 +71,20 @@ void fill(Picture& page, const RECT& area, std::uint32_t colour)
         std::fill_n(&page.at(area.left, y), area.right - area.left, colour);
 }
 
-std::uint32_t blend(std::uint32_t below, std::uint32_t above)
-{
-    const std::uint32_t opacity = above >> 24;
-    std::uint32_t result = 0xFF000000u;
-    for (const int shift : { 16, 8, 0 }) {
-        const std::uint32_t mixed
-            = (above >> shift & 0xFF) * opacity + (below >> shift & 0xFF) * (255 - opacity);
-        result |= mixed / 255 << shift;
-    }
-    return result;
-}
-
-void overlay(Picture& page, const Picture& sheet)
-{
-    for (int y = 0; y < std::min(page.height, sheet.height); ++y) {
-        for (int x = 0; x < std::min(page.width, sheet.width); ++x)
-            page.at(x, y) = blend(page.at(x, y), sheet.at(x, y));
-    }
-}
-
-// As large as whole steps of magnification allow, in the middle of the frame.
+// As large as the frame allows, in its middle.
 void layInFrame(Picture& page, const Picture& picture)
 {
     const int width = frame.right - frame.left;
     const int height = frame.bottom - frame.top;
-    const int scale = std::max(1, std::min(width / picture.width, height / picture.height));
-    const int shownWidth = std::min(width, picture.width * scale);
-    const int shownHeight = std::min(height, picture.height * scale);
-    const int left = frame.left + (width - shownWidth) / 2;
-    const int top = frame.top + (height - shownHeight) / 2;
-    for (int y = 0; y < shownHeight; ++y) {
-        for (int x = 0; x < shownWidth; ++x)
-            page.at(left + x, top + y) = picture.at(x / scale, y / scale);
+    const double factor = std::min(
+        static_cast<double>(width) / picture.width, static_cast<double>(height) / picture.height);
+    const Picture shown = resized(picture, std::max(1, static_cast<int>(picture.width * factor)),
+        std::max(1, static_cast<int>(picture.height * factor)));
+    const int left = frame.left + (width - shown.width) / 2;
+    const int top = frame.top + (height - shown.height) / 2;
+    for (int y = 0; y < shown.height; ++y) {
+        for (int x = 0; x < shown.width; ++x)
+            page.at(left + x, top + y) = shown.at(x, y);
     }
 }
 
@@ -212,14 +191,12 @@ void Desk::writeTexts(HDC context) const
                 context, button.area, button.caption, { .height = 48, .colour = paperColour });
     }
     if (!handedBack_.picture.empty())
-        writeText(context, plate, labelOf(handedBack_), { .height = 15, .colour = inkColour });
-    TextLook look { .height = 13, .colour = inkColour, .placing = DT_LEFT | DT_WORDBREAK };
-    writeText(context, paperSheet, keyHints, look);
-    RECT inside { frame.left + margin, frame.top + margin, frame.right - margin,
+        writeText(context, plate, labelOf(handedBack_.name), { .height = 15, .colour = inkColour });
+    const RECT inside { frame.left + margin, frame.top + margin, frame.right - margin,
         frame.bottom - margin };
-    look.height = 15;
     if (handedBack_.picture.empty())
-        writeText(context, inside, notes_, look);
+        writeText(context, inside, notes_,
+            { .height = 15, .colour = inkColour, .placing = DT_LEFT | DT_WORDBREAK });
 }
 
 } // namespace kez::player

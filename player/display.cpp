@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "display.h"
 
-#include "gdi_text.h"
 #include "host_window.h"
 #include "surface_pixels.h"
 
@@ -27,23 +26,6 @@ DDPIXELFORMAT formatOfDepth(int bits)
 }
 
 constexpr RECT wholePicture { 0, 0, HostWindow::width, HostWindow::height };
-
-// At the top, where it covers no button and no cell.
-constexpr RECT captionStrip { 0, 0, HostWindow::width, 42 };
-constexpr COLORREF captionPaper = RGB(20, 24, 40);
-constexpr TextLook captionLook { 16, FW_BOLD, RGB(255, 255, 255), DT_CENTER | DT_WORDBREAK };
-
-void writeCaption(HDC context, const std::string& text)
-{
-    const HBRUSH paper = CreateSolidBrush(captionPaper);
-    FillRect(context, &captionStrip, paper);
-    DeleteObject(paper);
-    RECT inside = captionStrip;
-    inside.left += 6;
-    inside.right -= 6;
-    inside.top += 1;
-    writeText(context, inside, text, captionLook);
-}
 
 DWORD levelFor(DisplayPlace place)
 {
@@ -131,8 +113,9 @@ void Display::bringToScreen(IDirectDrawSurface& surface)
         primary_->BltFast(0, 0, &surface, &whole, DDBLTFAST_WAIT);
 }
 
-bool Display::makeStage()
+bool Display::makeStage(const std::string& artwork)
 {
+    bubble_.emplace(artwork);
     captioned_ = makeOffScreen(bitsPerPixel_);
     if (captioned_ != nullptr)
         stage_ = makeOffScreen(bitsPerPixel_);
@@ -146,11 +129,7 @@ void Display::showStage(const std::string& caption)
     RECT whole = wholePicture;
     if (caption.empty() || captioned_->BltFast(0, 0, stage_.get(), &whole, DDBLTFAST_WAIT) != DD_OK)
         return bringToScreen(*stage_);
-    HDC context = nullptr;
-    if (captioned_->GetDC(&context) == DD_OK) {
-        writeCaption(context, caption);
-        captioned_->ReleaseDC(context);
-    }
+    bubble_->draw(*captioned_, caption);
     bringToScreen(*captioned_);
 }
 

@@ -4,6 +4,7 @@
 
 #include "com_pointer.h"
 #include "picture.h"
+#include "speech_bubble.h"
 
 #include <windows.h>
 
@@ -42,8 +43,8 @@ public:
     [[nodiscard]] int bitsPerPixel() const { return bitsPerPixel_; }
 
     /// From now on the module draws off the screen, and `showStage` brings its picture there.
-    bool makeStage();
-    void showStage(const std::string& caption); ///< With a line of text over it, unless empty.
+    bool makeStage(const std::string& artwork); ///< The bubble's, for captions.
+    void showStage(const std::string& caption); ///< With a caption over it, unless empty.
 
     /// Brings a picture of 640 × 480 pixels to the primary surface.
     void show(const Picture& picture);
@@ -65,8 +66,9 @@ private:
     ComPointer<IDirectDraw> directDraw_;
     ComPointer<IDirectDrawSurface> primary_;
     ComPointer<IDirectDrawSurface> secondary_;
-    ComPointer<IDirectDrawSurface> stage_; // With captions only, and so is the next.
+    ComPointer<IDirectDrawSurface> stage_; // With captions only, and so are the next.
     ComPointer<IDirectDrawSurface> captioned_;
+    std::optional<SpeechBubble> bubble_;
 };
 
 } // namespace kez::player

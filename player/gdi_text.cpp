@@ -30,6 +30,11 @@ private:
     HGDIOBJ former_;
 };
 
+void drawLines(HDC context, const std::string& text, RECT& place, UINT format)
+{
+    DrawTextA(context, text.c_str(), static_cast<int>(text.size()), &place, format | DT_NOPREFIX);
+}
+
 } // namespace
 
 void writeText(HDC context, const RECT& area, const std::string& text, const TextLook& look)
@@ -38,8 +43,20 @@ void writeText(HDC context, const RECT& area, const std::string& text, const Tex
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, look.colour);
     RECT place = area;
-    DrawTextA(
-        context, text.c_str(), static_cast<int>(text.size()), &place, look.placing | DT_NOPREFIX);
+    drawLines(context, text, place, look.placing);
+}
+
+void writeInMiddle(HDC context, const RECT& area, const std::string& text, const TextLook& look)
+{
+    RECT place = area;
+    {
+        const SelectedFont font(context, look.height, look.weight);
+        drawLines(context, text, place, look.placing | DT_CALCRECT);
+    }
+    const LONG spare = (area.bottom - area.top) - (place.bottom - place.top);
+    place = area;
+    place.top += spare > 0 ? spare / 2 : 0;
+    writeText(context, place, text, look);
 }
 
 } // namespace kez::player

@@ -18,4 +18,7 @@ struct TextLook {
 /// Writes the text into the area, transparently. Nothing in it is a mnemonic.
 void writeText(HDC context, const RECT& area, const std::string& text, const TextLook& look);
 
+/// The same with lines that are broken between words, in the middle of the area's height.
+void writeInMiddle(HDC context, const RECT& area, const std::string& text, const TextLook& look);
+
 } // namespace kez::player

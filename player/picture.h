@@ -37,4 +37,10 @@ struct Picture {
             static_cast<std::size_t>(width) * static_cast<std::size_t>(height), colour) };
 }
 
+/// Lays `above` over the top left of `below`, which stays opaque, by the opacity of its pixels.
+void overlay(Picture& below, const Picture& above);
+
+/// The picture at another size, smoothly; opaque. It must have pixels, and so must the result.
+[[nodiscard]] Picture resized(const Picture& picture, int width, int height);
+
 } // namespace kez::player

@@ -18,6 +18,7 @@ namespace kez::player {
 namespace {
 
 constexpr DWORD deskPauseMs = 15;
+constexpr const char* artwork = "data"; // Of desk and captions, in the content's directory.
 
 // The module between `initialize` and `release`.
 class OpenModule {
@@ -122,7 +123,7 @@ bool Player::prepare()
     if (!*display_)
         return complain("The display does not serve: " + display_->problem() + ".");
     paper_ = display_->makePaper();
-    desk_ = std::make_unique<Desk>("data");
+    desk_ = std::make_unique<Desk>(artwork);
     // Without a window nobody listens, and a visit's clock is not the sound's.
     if (!options_.headless)
         sound_ = makeSoundOutput(window_->handle());
@@ -142,7 +143,7 @@ bool Player::prepareGuide()
             return complain(voices
                 + "/audio/captions.txt holds no captions. Build the content "
                   "(./run does), or start without --captions.");
-        if (!display_->makeStage())
+        if (!display_->makeStage(artwork))
             return complain("There is no memory for captions; start without --captions.");
     }
     if (places_.log.empty())
