@@ -15,9 +15,9 @@ constexpr std::uintmax_t megabyte = 1 << 20;
 
 Finding examineContent(const std::string& content)
 {
-    const std::string missing = missingContent(content);
-    return { "content", missing.empty(),
-        missing.empty() ? "The pictures of the screens are in " + content + "." : missing };
+    const std::string problem = unusableContent(content);
+    return { "content", problem.empty(),
+        problem.empty() ? "The pictures of the screens are in " + content + "." : problem };
 }
 
 Finding examineVoice(const std::string& content, const std::string& language)

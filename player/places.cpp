@@ -21,7 +21,7 @@ std::string usualContent()
 {
     const fs::path beside = desktop::programDirectory();
     const std::string installed = (beside / KEZ_INSTALLED_CONTENT).lexically_normal().string();
-    return missingContent(beside.string()).empty() || !missingContent(installed).empty()
+    return unusableContent(beside.string()).empty() || !unusableContent(installed).empty()
         ? beside.string()
         : installed;
 }

@@ -113,7 +113,7 @@ bool Player::prepare()
     if (!*window_)
         return complain("No window can be shown here. With --headless and --visit FILE the program "
                         "plays without one.");
-    if (const std::string missing = missingContent(places_.content); !missing.empty())
+    if (const std::string missing = unusableContent(places_.content); !missing.empty())
         return complain(missing);
     std::error_code error;
     std::filesystem::current_path(places_.content, error);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "start_checks.h"
 
+#include "media/resource_archive.h"
 #include "platform/files.h"
 
 #include <array>
@@ -17,17 +18,25 @@ bool canBeWritten(const std::string& directory)
     return files::write(probe, std::array<std::uint8_t, 1> { 0 }) && files::remove(probe);
 }
 
+// What is wrong with the archive of the pictures, or nothing.
+std::string faultOf(const std::string& archive)
+{
+    if (files::size(archive) == 0)
+        return files::exists(archive) ? "is empty" : "is not there";
+    return ResourceArchive(archive.c_str(), nullptr).count() == 0 ? "is damaged" : "";
+}
+
 } // namespace
 
-std::string missingContent(const std::string& content)
+std::string unusableContent(const std::string& content)
 {
     const std::string archive = content + "\\data\\kez.wad";
-    if (files::size(archive) != 0)
+    const std::string fault = faultOf(archive);
+    if (fault.empty())
         return {};
-    const std::string fault = files::exists(archive) ? " is empty. " : " is not there. ";
-    return files::nativePath(archive) + fault
-        + "It holds the activity's pictures. Build the content (./run does), or name the directory "
-          "that holds data and audio with --content DIR.";
+    return files::nativePath(archive) + ' ' + fault
+        + ". It holds the activity's pictures. Build the content anew (./run does), or name the "
+          "directory that holds data and audio with --content DIR.";
 }
 
 std::string voiceDirectory(const std::string& content, const std::string& language)

@@ -7,7 +7,7 @@
 namespace kez::player {
 
 /// Why the activity's content cannot be used from this directory; empty when it can.
-[[nodiscard]] std::string missingContent(const std::string& content);
+[[nodiscard]] std::string unusableContent(const std::string& content);
 
 /// The directory that holds the guide's voice of a language: the content's own for English.
 [[nodiscard]] std::string voiceDirectory(const std::string& content, const std::string& language);

@@ -21,7 +21,11 @@ protected:
     {
         for (const char* folder : { "content/data", "content/audio", "store/photo" })
             std::filesystem::create_directories(home / folder);
-        home.put("content/data/kez.wad", "sprites");
+        home.put("content/data/kez.wad",
+            std::string("\x0c\0\0\0"
+                        "a.sp5\0"
+                        "\1\2",
+                12));
         home.put("content/audio/kez01.wv5", "hello");
         home.put("store/photo/~1.cam", "picture");
         home.put("file", "no folder");
@@ -52,6 +56,8 @@ TEST_F(DoctorTest, namesWhatIsMissingAndTheRemedy)
     EXPECT_THAT(report(), HasSubstr("MISSING  content"));
     EXPECT_THAT(report(), HasSubstr("To be looked after: 2 of 5."));
     places.content = home / "content";
+    home.put("content/data/kez.wad", "DIF1 and no more");
+    EXPECT_THAT(report(), HasSubstr("kez.wad is damaged"));
     options.language = "xx";
     EXPECT_THAT(report(), HasSubstr("choose another --language"));
     options.language = "en";
