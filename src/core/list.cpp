@@ -3,6 +3,7 @@
 
 #include "core/flags.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -41,7 +42,15 @@ List* List::at(int position) const
 {
     if (position < 0 || position >= count())
         return nullptr;
+    closeGaps();
     return children_[static_cast<std::size_t>(position)];
+}
+
+int List::index() const
+{
+    if (parent_ != nullptr)
+        parent_->closeGaps();
+    return index_;
 }
 
 List* List::append(Object* item)
@@ -64,6 +73,8 @@ List* List::insertBefore(List* node, Object* item, Ownership ownership)
 
 void List::link(List* node, List* before)
 {
+    if (before != nullptr || children_.size() == children_.capacity())
+        closeGaps();
     if (children_.size() == children_.capacity())
         children_.reserve(children_.empty() ? initialCapacity : 2 * children_.capacity());
 
@@ -73,10 +84,11 @@ void List::link(List* node, List* before)
     (node->prev_ != nullptr ? node->prev_->next_ : first_) = node;
     (before != nullptr ? before->prev_ : last_) = node;
 
-    const int position = before != nullptr ? before->index_ : count();
-    children_.insert(children_.begin() + position, node);
-    for (int i = position; i < count(); ++i)
-        children_[static_cast<std::size_t>(i)]->index_ = i;
+    const std::size_t position
+        = before != nullptr ? static_cast<std::size_t>(before->index_) : children_.size();
+    children_.insert(children_.begin() + static_cast<std::ptrdiff_t>(position), node);
+    for (std::size_t i = position; i < children_.size(); ++i)
+        children_[i]->index_ = static_cast<int>(i);
 }
 
 void List::unlink()
@@ -90,17 +102,28 @@ void List::unlink()
     (next_ != nullptr ? next_->prev_ : parent_->last_) = prev_;
 
     auto& siblings = parent_->children_;
-    siblings.erase(siblings.begin() + index_);
-    for (auto i = static_cast<std::size_t>(index_); i < siblings.size(); ++i)
-        siblings[i]->index_ = static_cast<int>(i);
+    siblings[static_cast<std::size_t>(index_)] = nullptr;
+    ++parent_->gaps_;
+    for (; !siblings.empty() && siblings.back() == nullptr; --parent_->gaps_)
+        siblings.pop_back();
 
     prev_ = next_ = parent_ = nullptr;
     index_ = -1;
 }
 
+void List::closeGaps() const
+{
+    if (gaps_ == 0)
+        return;
+    std::erase(children_, nullptr);
+    gaps_ = 0;
+    for (std::size_t i = 0; i < children_.size(); ++i)
+        children_[i]->index_ = static_cast<int>(i);
+}
+
 void List::clear()
 {
-    // From the end, where a removal moves no entry of the index.
+    // From the end, where a removal leaves no gap.
     while (last_ != nullptr)
         delete last_;
 }
@@ -112,6 +135,7 @@ void List::swapChildren(int a, int b)
 
 void List::quickSort(Compare compare)
 {
+    closeGaps();
     quickSortRange(compare, 0, count() - 1);
     relink();
 }
@@ -139,15 +163,13 @@ void List::quickSortRange(Compare compare, int low, int high)
 
 void List::bubbleSort(Compare compare, Direction direction)
 {
-    const int wrong = direction == Direction::Ascending ? 1 : -1;
-    for (bool swapped = true; swapped;) {
-        swapped = false;
-        for (int i = 0; i + 1 < count(); ++i)
-            if (wrong * compare(*at(i), *at(i + 1)) > 0) {
-                swapChildren(i, i + 1);
-                swapped = true;
-            }
-    }
+    closeGaps();
+    const int sign = direction == Direction::Ascending ? 1 : -1;
+    const auto comes = [&](const List* first, const List* second) {
+        return sign * compare(*first, *second) < 0;
+    };
+    if (!std::ranges::is_sorted(children_, comes))
+        std::ranges::stable_sort(children_, comes);
     relink();
 }
 

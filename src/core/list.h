@@ -4,7 +4,8 @@
 /// Registries, display lists, layers, name lists and the album are `List`s.
 ///
 /// Invariants: a child's `index` is its position in the parent's index, and the index has the order
-/// of the links.
+/// of the links. Children that leave leave gaps in it, which close when a position is next asked
+/// for: appending and leaving take the same short time in lists of any length.
 #pragma once
 
 #include "core/object.h"
@@ -47,9 +48,9 @@ public:
 
     [[nodiscard]] bool owns() const { return owns_; }
 
-    [[nodiscard]] int index() const { return index_; } ///< −1 in no list.
+    [[nodiscard]] int index() const; ///< −1 in no list.
 
-    [[nodiscard]] int count() const { return static_cast<int>(children_.size()); }
+    [[nodiscard]] int count() const { return static_cast<int>(children_.size() - gaps_); }
 
     /// Entries that the index has room for: 16 with the first child, then doubled when full.
     [[nodiscard]] int capacity() const { return static_cast<int>(children_.capacity()); }
@@ -70,17 +71,19 @@ public:
     void clear(); ///< Destroys every child.
 
     void quickSort(Compare compare); ///< Not stable.
-    void bubbleSort(Compare compare, Direction direction); ///< Equal items keep their order.
+    /// Equal items keep their order. What is in order already costs one comparison an item.
+    void bubbleSort(Compare compare, Direction direction);
 
     List* cursor = nullptr; ///< A child that a walker has marked as current.
 
 private:
     void link(List* node, List* before);
+    void closeGaps() const;
     void swapChildren(int a, int b);
     void quickSortRange(Compare compare, int low, int high);
     void relink();
 
-    int index_ = -1;
+    mutable int index_ = -1; ///< In the parent's index as it is, gaps and all.
     Object* item_ = nullptr;
     bool owns_ = true;
     List* first_ = nullptr;
@@ -88,7 +91,8 @@ private:
     List* prev_ = nullptr;
     List* next_ = nullptr;
     List* parent_ = nullptr;
-    std::vector<List*> children_;
+    mutable std::vector<List*> children_; ///< Null where a child has left; never at the end.
+    mutable std::size_t gaps_ = 0;
 };
 
 /// Name lists: appends an owning node with a plain `Object` of that name and an empty caption.

@@ -75,6 +75,14 @@ int byNumber(const List& a, const List& b)
     return numberOf(a) - numberOf(b);
 }
 
+List* byLinks(const List& list, int position)
+{
+    List* node = list.first();
+    for (int i = 0; i < position; ++i)
+        node = node->next();
+    return node;
+}
+
 class ListTest : public testing::Test {
 protected:
     void TearDown() override { EXPECT_EQ(Numbered::alive, 0); }
@@ -107,7 +115,7 @@ TEST_F(ListTest, keepsIndexAndLinksTogetherThroughRandomChanges)
                 break;
             case 3:
                 if (position < size) {
-                    delete list.at(position);
+                    delete byLinks(list, position);
                     model.erase(model.begin() + position);
                 }
                 break;
@@ -116,7 +124,8 @@ TEST_F(ListTest, keepsIndexAndLinksTogetherThroughRandomChanges)
                 std::stable_sort(
                     model.begin(), model.end(), [](int a, int b) { return a / 10 < b / 10; });
             }
-            ASSERT_NO_FATAL_FAILURE(expectConsistent(list, model)) << round << " " << step;
+            if (random() % 4 == 0) // several gaps may gather before anyone looks
+                ASSERT_NO_FATAL_FAILURE(expectConsistent(list, model)) << round << " " << step;
         }
     }
 }
