@@ -61,6 +61,7 @@ void ResourceArchive::open(const char* path)
 void ResourceArchive::release()
 {
     entries_.clear();
+    byName_.clear();
     mainBlock_ = {};
     archiveDirectory_.clear();
 }
@@ -68,6 +69,7 @@ void ResourceArchive::release()
 void ResourceArchive::load(std::string_view path)
 {
     entries_.clear();
+    byName_.clear();
     mainBlock_ = {};
     if (path.empty())
         return;
@@ -79,8 +81,17 @@ void ResourceArchive::load(std::string_view path)
     const ArchiveRecords list = listRecords(mainBlock_.bytes());
     reportFault(path, list.fault);
     entries_.reserve(list.records.size());
+    byName_.reserve(list.records.size());
     for (const ArchiveRecord& record : list.records)
-        entries_.push_back({ record.bytes.data(), normalisedRecordName(record.name), {} });
+        add(record, {});
+}
+
+// Of several records with one name the first is found.
+std::uint8_t* ResourceArchive::add(const ArchiveRecord& record, ByteBlock owned)
+{
+    entries_.push_back({ record.bytes.data(), std::move(owned) });
+    byName_.try_emplace(normalisedRecordName(record.name), record.bytes.data());
+    return record.bytes.data();
 }
 
 std::uint8_t* ResourceArchive::find(const char* name)
@@ -99,13 +110,10 @@ std::uint8_t* ResourceArchive::find(const char* name)
     return addLoose({}, sought);
 }
 
-std::uint8_t* ResourceArchive::findLoaded(std::string_view name) const
+std::uint8_t* ResourceArchive::findLoaded(const std::string& name) const
 {
-    for (const Entry& entry : entries_) {
-        if (entry.name == name)
-            return entry.record;
-    }
-    return nullptr;
+    const auto found = byName_.find(name);
+    return found != byName_.end() ? found->second : nullptr;
 }
 
 std::uint8_t* ResourceArchive::addLoose(std::string_view directory, std::string_view name)
@@ -133,10 +141,7 @@ std::uint8_t* ResourceArchive::addFile(const char* path)
         reportFault(textOf(path), list.fault.empty() ? "it holds no record" : list.fault);
         return nullptr;
     }
-    std::uint8_t* record = file.block.data();
-    entries_.push_back(
-        { record, normalisedRecordName(list.records.front().name), std::move(file.block) });
-    return record;
+    return add(list.records.front(), std::move(file.block));
 }
 
 ResourceArchive* archive()

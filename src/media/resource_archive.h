@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace kez {
@@ -43,16 +44,17 @@ public:
 private:
     struct Entry {
         std::uint8_t* record;
-        std::string name; ///< Normalised.
         ByteBlock owned; ///< The block of an added record; else empty.
     };
 
     void load(std::string_view path);
-    [[nodiscard]] std::uint8_t* findLoaded(std::string_view name) const;
+    std::uint8_t* add(const ArchiveRecord& record, ByteBlock owned);
+    [[nodiscard]] std::uint8_t* findLoaded(const std::string& name) const;
     std::uint8_t* addLoose(std::string_view directory, std::string_view name);
 
     ByteBlock mainBlock_;
     std::vector<Entry> entries_; ///< The main block's records in file order, then the added ones.
+    std::unordered_map<std::string, std::uint8_t*> byName_; ///< The first of each normalised name.
     std::string archiveDirectory_; ///< Ends in a backslash, or empty; so does the next.
     std::string extraDirectory_;
 };
