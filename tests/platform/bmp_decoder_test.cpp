@@ -61,166 +61,107 @@ void expectAll(std::span<const Case> cases)
     }
 }
 
+BmpBytes plain(std::uint32_t bits, int width, int height, const Bytes& pixels)
+{
+    return { .width = width, .height = height, .bits = bits, .pixels = pixels };
+}
+
+BmpBytes indexed(std::uint32_t bits, int width, int height, const Bytes& pixels,
+    const Bytes& palette = fourColours)
+{
+    BmpBytes bmp = plain(bits, width, height, pixels);
+    bmp.palette = palette;
+    return bmp;
+}
+
+BmpBytes fields(std::uint32_t bits, int width, const std::vector<std::uint32_t>& masks,
+    const Bytes& pixels, std::uint32_t headerSize = 40, std::uint32_t coding = 3)
+{
+    BmpBytes bmp = plain(bits, width, 1, pixels);
+    bmp.masks = masks;
+    bmp.headerSize = headerSize;
+    bmp.coding = coding;
+    return bmp;
+}
+
 TEST(BmpDecoder, readsEveryDepth)
 {
+    BmpBytes afterGap = plain(24, 1, 1, { 1, 2, 3, 0 });
+    afterGap.gap = 7;
+    BmpBytes noOffset = indexed(8, 1, 1, { 9, 0, 0, 0 }, Bytes(1024, 5));
+    noOffset.namesOffset = false;
     const Case cases[] = {
-        { "1 bit",
-            { .width = 9,
-                .height = 1,
-                .bits = 1,
-                .palette = { 0, 0, 0, 0, 255, 255, 255, 0 },
-                .pixels = { 0xA5, 0x80, 0, 0 } },
+        { "1 bit", indexed(1, 9, 1, { 0xA5, 0x80, 0, 0 }, { 0, 0, 0, 0, 255, 255, 255, 0 }),
             "FFFFFF 000000 FFFFFF 000000 000000 FFFFFF 000000 FFFFFF FFFFFF" },
-        { "4 bits",
-            { .width = 3,
-                .height = 2,
-                .bits = 4,
-                .palette = fourColours,
-                .pixels = { 0x12, 0x30, 0, 0, 0x01, 0x20, 0, 0 } },
+        { "4 bits", indexed(4, 3, 2, { 0x12, 0x30, 0, 0, 0x01, 0x20, 0, 0 }),
             "000000 FF0000 00FF00 / FF0000 00FF00 0000FF" },
-        { "8 bits", { .width = 3, .bits = 8, .palette = fourColours, .pixels = { 3, 2, 1, 0 } },
-            "0000FF 00FF00 FF0000" },
-        { "a number without a colour",
-            { .width = 2, .bits = 8, .palette = fourColours, .pixels = { 1, 77, 0, 0 } },
-            "FF0000 000000" },
-        { "16 bits", { .width = 2, .bits = 16, .pixels = { 0x00, 0x7C, 0x5F, 0x02 } },
-            "FF0000 0094FF" },
-        { "24 bits",
-            { .width = 2,
-                .height = 2,
-                .pixels = { 1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0 } },
+        { "8 bits", indexed(8, 3, 1, { 3, 2, 1, 0 }), "0000FF 00FF00 FF0000" },
+        { "a number without a colour", indexed(8, 2, 1, { 1, 77, 0, 0 }), "FF0000 000000" },
+        { "16 bits", plain(16, 2, 1, { 0x00, 0x7C, 0x5F, 0x02 }), "FF0000 0094FF" },
+        { "24 bits", plain(24, 2, 2, { 1, 2, 3, 4, 5, 6, 0, 0, 7, 8, 9, 10, 11, 12, 0, 0 }),
             "090807 0C0B0A / 030201 060504" },
-        { "top row first", { .width = 1, .height = -2, .pixels = { 1, 2, 3, 0, 7, 8, 9, 0 } },
-            "030201 / 090807" },
-        { "32 bits, the fourth byte unheeded", { .bits = 32, .pixels = { 1, 2, 3, 99 } },
-            "030201" },
-        { "no padding behind the last row", { .pixels = { 1, 2, 3 } }, "030201" },
-        { "a gap before the pixels", { .pixels = { 1, 2, 3, 0 }, .gap = 7 }, "030201" },
-        { "an offset of 0",
-            { .bits = 8,
-                .palette = Bytes(1024, 5),
-                .pixels = { 9, 0, 0, 0 },
-                .namesOffset = false },
-            "050505" },
+        { "top row first", plain(24, 1, -2, { 1, 2, 3, 0, 7, 8, 9, 0 }), "030201 / 090807" },
+        { "32 bits, the fourth byte unheeded", plain(32, 1, 1, { 1, 2, 3, 99 }), "030201" },
+        { "no padding behind the last row", plain(24, 1, 1, { 1, 2, 3 }), "030201" },
+        { "a gap before the pixels", afterGap, "030201" },
+        { "an offset of 0", noOffset, "050505" },
     };
     expectAll(cases);
 }
 
 TEST(BmpDecoder, readsBitFields)
 {
+    const std::vector<std::uint32_t> redLowest = { 0xFF, 0xFF00, 0xFF0000 };
+    const std::vector<std::uint32_t> withAlpha = { 0xFF, 0xFF00, 0xFF0000, 0xFF000000 };
+    const std::vector<std::uint32_t> high565 = { 0xF800, 0x07E0, 0x001F };
     const Case cases[] = {
-        { "565",
-            { .width = 2,
-                .bits = 16,
-                .coding = 3,
-                .masks = { 0xF800, 0x07E0, 0x001F },
-                .pixels = { 0x1F, 0xF8, 0xE0, 0x07 } },
-            "FF00FF 00FF00" },
-        { "444 in other places",
-            { .bits = 16, .coding = 3, .masks = { 0x000F, 0x00F0, 0x0F00 }, .pixels = { 0x5A, 3 } },
-            "AA5533" },
-        { "one bit, three, none",
-            { .width = 2,
-                .bits = 16,
-                .coding = 3,
-                .masks = { 0x0001, 0x000E, 0 },
-                .pixels = { 0x0F, 0, 0x04, 0 } },
+        { "565", fields(16, 2, high565, { 0x1F, 0xF8, 0xE0, 0x07 }), "FF00FF 00FF00" },
+        { "444 in other places", fields(16, 1, { 0x000F, 0x00F0, 0x0F00 }, { 0x5A, 3 }), "AA5533" },
+        { "one bit, three, none", fields(16, 2, { 0x0001, 0x000E, 0 }, { 0x0F, 0, 0x04, 0 }),
             "FFFF00 004900" },
         { "more than eight bits",
-            { .bits = 32,
-                .coding = 3,
-                .masks = { 0x3FF00000, 0x000FFC00, 0x000003FF },
-                .pixels = { 0x80, 0x01, 0xF8, 0x3F } },
+            fields(32, 1, { 0x3FF00000, 0x000FFC00, 0x000003FF }, { 0x80, 0x01, 0xF8, 0x3F }),
             "FF8060" },
-        { "red lowest, in a header of 56 bytes",
-            { .headerSize = 56,
-                .bits = 32,
-                .coding = 3,
-                .masks = { 0xFF, 0xFF00, 0xFF0000, 0xFF000000 },
-                .pixels = { 1, 2, 3, 0 } },
-            "010203" },
-        { "with alpha behind a header of 40 bytes",
-            { .bits = 32,
-                .coding = 6,
-                .masks = { 0xFF, 0xFF00, 0xFF0000, 0xFF000000 },
-                .pixels = { 1, 2, 3, 0 } },
-            "010203" },
-        { "in a header of 124 bytes",
-            { .headerSize = 124,
-                .bits = 16,
-                .coding = 3,
-                .masks = { 0xF800, 0x07E0, 0x001F },
-                .pixels = { 0x1F, 0 } },
-            "0000FF" },
-        { "no fields in a header of 108 bytes",
-            { .headerSize = 108,
-                .bits = 32,
-                .masks = { 0xFF, 0xFF00, 0xFF0000 },
-                .pixels = { 1, 2, 3, 0 } },
-            "030201" },
+        { "header of 56 bytes", fields(32, 1, withAlpha, { 1, 2, 3, 0 }, 56), "010203" },
+        { "alpha behind 40 bytes", fields(32, 1, withAlpha, { 1, 2, 3, 0 }, 40, 6), "010203" },
+        { "header of 124 bytes", fields(16, 1, high565, { 0x1F, 0 }, 124), "0000FF" },
+        { "none in 108 bytes", fields(32, 1, redLowest, { 1, 2, 3, 0 }, 108, 0), "030201" },
     };
     expectAll(cases);
-    EXPECT_EQ(decoded(BmpBytes {
-                  .bits = 16, .coding = 3, .masks = { 0xA000, 0x07E0, 0x001F }, .pixels = { 0, 0 } }
-                          .file()),
+    EXPECT_EQ(decoded(fields(16, 1, { 0xA000, 0x07E0, 0x001F }, { 0, 0 }).file()),
         errorOf(ERROR_NOT_SUPPORTED));
 }
 
 TEST(BmpDecoder, readsOs2Files)
 {
-    const Bytes threeByteColours { 0, 0, 0, 0, 0, 255 };
+    const auto os2 = [](std::uint32_t headerSize, BmpBytes bmp) {
+        bmp.headerSize = headerSize;
+        return bmp;
+    };
+    BmpBytes inRuns = os2(64, indexed(8, 2, 1, { 2, 3, 0, 1 }));
+    inRuns.coding = 1;
     const Case cases[] = {
-        { "the first kind",
-            { .headerSize = 12,
-                .width = 2,
-                .height = 1,
-                .bits = 8,
-                .palette = threeByteColours,
-                .pixels = { 1, 0, 0, 0 } },
+        { "first kind", os2(12, indexed(8, 2, 1, { 1, 0, 0, 0 }, { 0, 0, 0, 0, 0, 255 })),
             "FF0000 000000" },
-        { "the first kind, 24 bits", { .headerSize = 12, .pixels = { 1, 2, 3, 0 } }, "030201" },
-        { "the second kind",
-            { .headerSize = 64,
-                .width = 2,
-                .bits = 8,
-                .palette = fourColours,
-                .pixels = { 1, 2, 0, 0 } },
-            "FF0000 00FF00" },
-        { "the second kind, cut as it may be",
-            { .headerSize = 16,
-                .width = 2,
-                .bits = 8,
-                .palette = fourColours,
-                .pixels = { 1, 2, 0, 0 } },
-            "FF0000 00FF00" },
-        { "the second kind in runs",
-            { .headerSize = 64,
-                .width = 2,
-                .bits = 8,
-                .coding = 1,
-                .palette = fourColours,
-                .pixels = { 2, 3, 0, 1 } },
-            "0000FF 0000FF" },
+        { "first kind, 24 bits", os2(12, plain(24, 1, 1, { 1, 2, 3, 0 })), "030201" },
+        { "second kind", os2(64, indexed(8, 2, 1, { 1, 2, 0, 0 })), "FF0000 00FF00" },
+        { "cut as it may be", os2(16, indexed(8, 2, 1, { 1, 2, 0, 0 })), "FF0000 00FF00" },
+        { "second kind in runs", inRuns, "0000FF 0000FF" },
     };
     expectAll(cases);
-    for (const std::uint32_t coding : { 3u, 4u })
-        EXPECT_EQ(decoded(BmpBytes { .headerSize = 64,
-                      .bits = coding == 3 ? 1u : 24u,
-                      .coding = coding,
-                      .pixels = Bytes(64) }
-                              .file()),
-            errorOf(ERROR_NOT_SUPPORTED));
+    for (const std::uint32_t coding : { 3u, 4u }) {
+        BmpBytes bmp = os2(64, plain(coding == 3 ? 1 : 24, 1, 1, Bytes(64)));
+        bmp.coding = coding;
+        EXPECT_EQ(decoded(bmp.file()), errorOf(ERROR_NOT_SUPPORTED));
+    }
 }
 
 BmpBytes runs(std::uint32_t bits, int width, int height, const Bytes& pixels)
 {
-    return { .width = width,
-        .height = height,
-        .bits = bits,
-        .coding = bits == 8 ? 1u : 2u,
-        .colours = 4,
-        .palette = fourColours,
-        .pixels = pixels };
+    BmpBytes bmp = indexed(bits, width, height, pixels);
+    bmp.coding = bits == 8 ? 1u : 2u;
+    bmp.colours = 4;
+    return bmp;
 }
 
 TEST(BmpDecoder, followsRuns)
@@ -254,15 +195,10 @@ TEST(BmpDecoder, followsRuns)
 
 TEST(BmpDecoder, refusesWhatIsCutAnywhere)
 {
-    const Bytes plain = BmpBytes { .width = 5,
-        .height = 3,
-        .bits = 8,
-        .palette = fourColours,
-        .pixels = Bytes(24, 1) }
-                            .file();
+    const Bytes whole = indexed(8, 5, 3, Bytes(24, 1)).file();
     const Bytes coded = runs(4, 5, 2, { 5, 0x12, 0, 0, 0, 5, 0x12, 0x31, 0x20, 0, 0, 1 }).file();
-    for (const Bytes* file : { &plain, &coded }) {
-        const std::size_t needed = file->size() - (file == &plain ? 3 : 4); // padding, end marks
+    for (const Bytes* file : { &whole, &coded }) {
+        const std::size_t needed = file->size() - (file == &whole ? 3 : 4); // padding, end marks
         for (std::size_t size = 0; size < needed; ++size)
             EXPECT_EQ(
                 decoded(Bytes(file->begin(), file->begin() + std::ptrdiff_t(size))).rfind("e", 0),
@@ -274,29 +210,21 @@ TEST(BmpDecoder, refusesWhatIsCutAnywhere)
 
 TEST(BmpDecoder, refusesWhatMakesNoSense)
 {
-    constexpr std::int32_t lowest = INT32_MIN;
-    const BmpBytes files[] = {
-        { .width = 0 },
-        { .width = -1 },
-        { .height = 0 },
-        { .height = lowest },
-        { .width = INT32_MAX, .height = INT32_MAX },
-        { .width = 3'000'000, .height = 2'000'000 },
-        { .bits = 0 },
-        { .bits = 2 },
-        { .bits = 64 },
-        { .planes = 5 },
-        { .coding = 4 },
-        { .coding = 5 },
-        { .bits = 24, .coding = 3 },
-        { .bits = 4, .coding = 1 },
-        { .headerSize = 0 },
-        { .headerSize = 15 },
-        { .headerSize = 66 },
-    };
-    for (BmpBytes file : files) {
-        SCOPED_TRACE(std::to_string(file.headerSize) + ", " + std::to_string(file.width) + " by "
-            + std::to_string(file.height) + ", " + std::to_string(file.bits) + " bits");
+    BmpBytes fivePlanes;
+    fivePlanes.planes = 5;
+    std::vector<BmpBytes> files = { fivePlanes };
+    for (const auto& [width, height] : { std::pair { 0, 1 }, { -1, 1 }, { 1, 0 }, { 1, INT32_MIN },
+             { INT32_MAX, INT32_MAX }, { 3'000'000, 2'000'000 } })
+        files.push_back(plain(24, width, height, {}));
+    for (const std::uint32_t bits : { 0u, 2u, 64u })
+        files.push_back(plain(bits, 1, 1, {}));
+    for (const auto& [bits, coding] :
+        { std::pair { 24u, 3u }, { 24u, 4u }, { 24u, 5u }, { 4u, 1u } })
+        files.push_back({ .bits = bits, .coding = coding });
+    for (const std::uint32_t headerSize : { 0u, 15u, 66u })
+        files.push_back({ .headerSize = headerSize });
+    for (BmpBytes& file : files) {
+        SCOPED_TRACE(std::to_string(&file - files.data()));
         file.pixels = Bytes(64);
         EXPECT_EQ(decoded(file.file()).rfind("error", 0), 0u);
     }
@@ -318,20 +246,9 @@ TEST(BmpDecoder, refusesWhatMakesNoSense)
 TEST(BmpDecoder, readsOrRefusesMutations)
 {
     const BmpBytes seeds[] = {
-        { .width = 9, .height = 2, .bits = 1, .palette = Bytes(8, 9), .pixels = Bytes(8, 3) },
-        { .width = 5,
-            .height = -3,
-            .bits = 16,
-            .coding = 3,
-            .masks = { 0xF800, 0x07E0, 0x001F },
-            .pixels = Bytes(36, 5) },
-        { .headerSize = 124,
-            .width = 3,
-            .height = 2,
-            .bits = 32,
-            .coding = 3,
-            .masks = { 255, 255 << 8, 255 << 16 },
-            .pixels = Bytes(24, 7) },
+        indexed(1, 9, 2, Bytes(8, 3), Bytes(8, 9)),
+        fields(16, 5, { 0xF800, 0x07E0, 0x001F }, Bytes(36, 5)),
+        fields(32, 3, { 255, 255 << 8, 255 << 16 }, Bytes(24, 7), 124),
         { .headerSize = 12,
             .width = 3,
             .height = 2,

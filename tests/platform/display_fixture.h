@@ -33,7 +33,6 @@ protected:
     {
         directDraw->RestoreDisplayMode();
         directDraw->Release();
-        winapi::useUsualDisplayFormats();
         EXPECT_EQ(winapi::liveObjects(), before);
     }
 
@@ -115,13 +114,5 @@ private:
     IDirectDrawSurface* surface_;
     DDSURFACEDESC description_ {};
 };
-
-inline void fillSurface(IDirectDrawSurface* surface, DWORD value)
-{
-    DDBLTFX effects {};
-    effects.dwSize = sizeof effects;
-    effects.dwFillColor = value;
-    EXPECT_EQ(surface->Blt(nullptr, nullptr, nullptr, DDBLT_COLORFILL, &effects), DD_OK);
-}
 
 } // namespace kez::testing

@@ -55,30 +55,14 @@ void expectOldOrNew(const Operation& operation, const Fault::Plan& plan, bool su
     }
 }
 
-TEST(FilesFault, everyFailingWriteLeavesTheOldFileOrTheNew)
+TEST(FilesFault, whateverFailsTheOldFileStaysOrTheNewOneIsThere)
 {
     for (const Operation& operation : operations)
-        for (int number = 0; number <= operation.writes; ++number) {
+        for (int number = 0; number <= 3; ++number) {
             SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(number));
-            expectOldOrNew(operation, { .failWriteNumber = number }, number == operation.writes);
-        }
-}
-
-TEST(FilesFault, everyFailingCommitLeavesTheOldFileOrTheNew)
-{
-    for (const Operation& operation : operations)
-        for (int number = 0; number <= 1; ++number) {
-            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(number));
-            expectOldOrNew(operation, { .failCommitNumber = number }, number == 1);
-        }
-}
-
-TEST(FilesFault, aFullDiskLeavesTheOldFileOrTheNew)
-{
-    for (const Operation& operation : operations)
-        for (std::int64_t room = 0; room <= 3; ++room) {
-            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(room));
-            expectOldOrNew(operation, { .roomBytes = room }, room == 3);
+            expectOldOrNew(operation, { .failWriteNumber = number }, number >= operation.writes);
+            expectOldOrNew(operation, { .failCommitNumber = number }, number >= 1);
+            expectOldOrNew(operation, { .roomBytes = number }, number == 3);
         }
 }
 

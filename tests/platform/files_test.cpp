@@ -72,33 +72,14 @@ TEST(Files, sayWhatWasWrong)
 {
     const TemporaryFolder folder;
     folder.put("file", "");
-    EXPECT_FALSE(write(folder / "missing\\a", {}));
-    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
-    EXPECT_FALSE(write(folder / "file\\a", {}));
-    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
-    EXPECT_FALSE(createDirectory(folder / "file"));
-    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
-    EXPECT_FALSE(createDirectory(folder / "a\\b"));
-    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
-    EXPECT_FALSE(remove(folder / "a"));
-    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-    EXPECT_TRUE(list(folder / "a").empty());
-    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
-    EXPECT_FALSE(write(folder / "file\\", {}));
-    EXPECT_FALSE(exists(folder / "file\\"));
-}
-
-TEST(Files, aDiscardedWriterLeavesNothing)
-{
-    const TemporaryFolder folder;
-    folder.put("a", "old");
-    {
-        Writer writer(folder / "a");
-        EXPECT_TRUE(writer.write(bytesOf("new")));
-        EXPECT_EQ(folder.get("a"), "old");
-    }
-    EXPECT_EQ(folder.names(), Names({ "a" }));
-    EXPECT_EQ(folder.get("a"), "old");
+    const auto error = [](bool succeeded) { return succeeded ? NO_ERROR : GetLastError(); };
+    EXPECT_EQ(error(write(folder / "missing\\a", {})), ERROR_PATH_NOT_FOUND);
+    EXPECT_EQ(error(write(folder / "file\\a", {})), ERROR_PATH_NOT_FOUND);
+    EXPECT_EQ(error(createDirectory(folder / "file")), ERROR_ALREADY_EXISTS);
+    EXPECT_EQ(error(createDirectory(folder / "a\\b")), ERROR_PATH_NOT_FOUND);
+    EXPECT_EQ(error(remove(folder / "a")), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(error(!list(folder / "a").empty()), ERROR_PATH_NOT_FOUND);
+    EXPECT_FALSE(write(folder / "file\\", {}) || exists(folder / "file\\"));
 }
 
 TEST(Files, twoWritersOfOneNameDoNotMix)
@@ -138,19 +119,6 @@ TEST(Files, copyReplacesAndTakesLargeFiles)
     EXPECT_TRUE(copy(folder / "b", folder / "b"));
     EXPECT_EQ(folder.get("b"), large);
     EXPECT_EQ(folder.names(), Names({ "a", "b" }));
-}
-
-TEST(Files, thousandsAreFoundUnderEitherSpelling)
-{
-    const TemporaryFolder folder;
-    constexpr int count = 3000;
-    for (int i = 0; i < count; ++i)
-        folder.put("Photo" + std::to_string(i) + ".cam", std::to_string(i));
-    EXPECT_EQ(list(folder.path(), "cam").size(), static_cast<std::size_t>(count));
-    for (int i = 0; i < count; i += 97) {
-        EXPECT_EQ(textOf(read(folder / ("photo" + std::to_string(i) + ".CAM"))), std::to_string(i));
-        EXPECT_FALSE(exists(folder / ("photo" + std::to_string(i + count) + ".cam")));
-    }
 }
 
 } // namespace

@@ -38,21 +38,6 @@ TEST(Fit, fillsOneDirectionAndCentresTheOther)
     }
 }
 
-TEST(Fit, keepsTheShapeAndStaysInsideAtEverySize)
-{
-    for (LONG width = 1; width < 2600; width += 37) {
-        for (LONG height = 1; height < 1700; height += 41) {
-            const RECT place = Fit::of({ width, height }, picture).place;
-            const LONG wide = place.right - place.left;
-            const LONG high = place.bottom - place.top;
-            ASSERT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= width
-                && place.bottom <= height);
-            ASSERT_TRUE(wide == width || high == height);
-            ASSERT_LE(std::abs(wide * 480 - high * 640), 640) << width << 'x' << height;
-        }
-    }
-}
-
 TEST(Fit, everyPixelIsFoundAgainWhereItIsShown)
 {
     for (const SIZE window : { SIZE { 640, 480 }, SIZE { 1001, 777 }, SIZE { 1919, 1080 },

@@ -86,19 +86,6 @@ TEST_F(DeviceContexts, fillInEveryFormatInTheRightColour)
     }
 }
 
-TEST_F(DeviceContexts, fixedFontHasCellsOfEightByFifteen)
-{
-    open(format32);
-    SIZE size {};
-    ASSERT_TRUE(GetTextExtentPoint32A(context, "iW\xE4 m", 5, &size));
-    EXPECT_EQ(size.cx, 40);
-    EXPECT_EQ(size.cy, 15);
-    ASSERT_TRUE(GetTextExtentPoint32A(context, "", 0, &size));
-    EXPECT_EQ(size.cx, 0);
-    EXPECT_FALSE(GetTextExtentPoint32A(nullptr, "a", 1, &size));
-    close();
-}
-
 TEST_F(DeviceContexts, textLiesAtItsAnchors)
 {
     open(format32);

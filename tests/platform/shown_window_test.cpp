@@ -119,13 +119,6 @@ protected:
     SDL_Window* sdlWindow = nullptr;
 };
 
-TEST_F(ShownWindow, isVisibleAndHasTheKeyboard)
-{
-    EXPECT_TRUE(IsWindowVisible(window));
-    EXPECT_EQ(GetFocus(), window);
-    EXPECT_TRUE(ShowWindow(window, SW_SHOW)) << "it was visible before";
-}
-
 TEST_F(ShownWindow, mousePositionsArePixelsOfThePicture)
 {
     SDL_SetWindowSize(sdlWindow, 1920, 960); // Twice as large, 320 black columns on each side.
@@ -227,13 +220,20 @@ TEST_F(ShownWindow, losesTheKeyboardAndIsClosed)
     EXPECT_TRUE(IsWindow(window));
 }
 
+void fill(IDirectDrawSurface* surface, DWORD value)
+{
+    const Locked locked(surface);
+    for (int i = 0; i < 640 * 480; ++i)
+        locked.setPixel(i % 640, i / 640, value);
+}
+
 TEST_F(ShownWindow, showsThePrimarySurface)
 {
     ASSERT_EQ(directDraw->SetDisplayMode(640, 480, 16), DD_OK);
     IDirectDrawSurface* primary = makePrimary();
-    fillSurface(primary, 0x07E0);
+    fill(primary, 0x07E0);
     SDL_SetWindowSize(sdlWindow, 1300, 960);
-    fillSurface(primary, 0xF800);
+    fill(primary, 0xF800);
     pump();
     SDL_Renderer* renderer = SDL_GetRenderer(sdlWindow);
 

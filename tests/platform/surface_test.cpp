@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "display_fixture.h"
 
-#include <functional>
-#include <utility>
-
 namespace {
 
 using namespace kez::testing;
-using kez::winapi::Call;
-using kez::winapi::loseSurface;
-using kez::winapi::refuseNext;
 
 using Surfaces = DisplayTest;
 
@@ -74,6 +68,10 @@ TEST_F(Surfaces, needACooperativeLevelAndTheRightSizes)
     DDPIXELFORMAT format {};
     EXPECT_EQ(surface->GetPixelFormat(&format), DDERR_INVALIDPARAMS);
     surface->Release();
+    EXPECT_EQ(directDraw->SetDisplayMode(640, 480, 8), DDERR_INVALIDMODE);
+    EXPECT_EQ(directDraw->SetDisplayMode(0, 480, 32), DDERR_INVALIDMODE);
+    for (const DWORD level : { 0u, DDSCL_EXCLUSIVE, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN })
+        EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, level), DDERR_INVALIDPARAMS);
 }
 
 TEST_F(Surfaces, areOpenInOneWayAtATime)
@@ -181,82 +179,15 @@ TEST_F(Surfaces, copyOntoThemselvesWithoutSmearing)
     }
 }
 
-TEST_F(Surfaces, stretchTakesTheNearestPixel)
+TEST_F(Surfaces, primaryHasTheModesFormatAndIsLostWithIt)
 {
-    IDirectDrawSurface* from = makeSurface(2, 1, format32);
-    IDirectDrawSurface* to = makeSurface(5, 2, format32);
-    number(from, 2, 1);
-    ASSERT_EQ(to->Blt(nullptr, from, nullptr, DDBLT_WAIT, nullptr), DD_OK);
-    {
-        const Locked seen(to);
-        const DWORD expected[] = { 1, 1, 1, 2, 2 };
-        for (int x = 0; x < 5; ++x)
-            EXPECT_EQ(seen.pixel(x, 1), expected[x]);
-    }
-    from->Release();
-    to->Release();
-}
-
-TEST_F(Surfaces, lostUntilRestored)
-{
-    IDirectDrawSurface* surface = makeSurface(5, 3, format32);
-    IDirectDrawSurface* sound = makeSurface(5, 3, format32);
-    loseSurface(surface);
-    DDSURFACEDESC description {};
-    description.dwSize = sizeof description;
-    HDC context = nullptr;
-    EXPECT_EQ(surface->IsLost(), DDERR_SURFACELOST);
-    EXPECT_EQ(surface->Lock(nullptr, &description, 0, nullptr), DDERR_SURFACELOST);
-    EXPECT_EQ(surface->GetDC(&context), DDERR_SURFACELOST);
-    EXPECT_EQ(surface->BltFast(0, 0, sound, nullptr, 0), DDERR_SURFACELOST);
-    EXPECT_EQ(sound->BltFast(0, 0, surface, nullptr, 0), DDERR_SURFACELOST);
-    EXPECT_EQ(surface->Restore(), DD_OK);
-    EXPECT_EQ(surface->IsLost(), DD_OK);
-    EXPECT_EQ(sound->BltFast(0, 0, surface, nullptr, 0), DD_OK);
-    surface->Release();
-    sound->Release();
-}
-
-TEST_F(Surfaces, refuseAsOftenAsAsked)
-{
-    IDirectDrawSurface* surface = makeSurface(5, 3, format32);
-    DDSURFACEDESC description {};
-    description.dwSize = sizeof description;
-    HDC context = nullptr;
-
-    const struct {
-        Call call;
-        std::function<HRESULT()> make;
-    } cases[] = {
-        { Call::Lock, [&] { return surface->Lock(nullptr, &description, 0, nullptr); } },
-        { Call::GetDC, [&] { return surface->GetDC(&context); } },
-        { Call::Blt, [&] { return surface->BltFast(0, 0, surface, nullptr, 0); } },
-        { Call::Restore, [&] { return surface->Restore(); } },
-    };
-
-    for (const auto& one : cases) {
-        refuseNext(surface, one.call, DDERR_CANTLOCKSURFACE, 2);
-        EXPECT_EQ(one.make(), DDERR_CANTLOCKSURFACE);
-        EXPECT_EQ(one.make(), DDERR_CANTLOCKSURFACE);
-        EXPECT_EQ(one.make(), DD_OK);
-        surface->Unlock(nullptr);
-        if (context != nullptr)
-            surface->ReleaseDC(std::exchange(context, nullptr));
-    }
-    surface->Release();
-}
-
-TEST_F(Surfaces, primaryHasTheModesFormat)
-{
-    ASSERT_TRUE(kez::winapi::useDisplayFormat(rgbFormat(16, 0x001F, 0x07E0, 0xF800)));
     ASSERT_EQ(directDraw->SetDisplayMode(640, 480, 16), DD_OK);
     IDirectDrawSurface* primary = makePrimary();
     DDPIXELFORMAT format {};
     format.dwSize = sizeof format;
     ASSERT_EQ(primary->GetPixelFormat(&format), DD_OK);
     EXPECT_EQ(format.dwRGBBitCount, 16u);
-    EXPECT_EQ(format.dwRBitMask, 0x001Fu);
-    EXPECT_EQ(format.dwBBitMask, 0xF800u);
+    EXPECT_EQ(format.dwRBitMask, 0xF800u);
 
     IDirectDrawSurface* second = nullptr;
     DDSURFACEDESC description {};
@@ -267,21 +198,16 @@ TEST_F(Surfaces, primaryHasTheModesFormat)
         DDERR_PRIMARYSURFACEALREADYEXISTS);
 
     EXPECT_EQ(directDraw->SetDisplayMode(640, 480, 24), DD_OK);
+    HDC context = nullptr;
     EXPECT_EQ(primary->IsLost(), DDERR_SURFACELOST);
+    EXPECT_EQ(primary->Lock(nullptr, &description, 0, nullptr), DDERR_SURFACELOST);
+    EXPECT_EQ(primary->GetDC(&context), DDERR_SURFACELOST);
+    EXPECT_EQ(primary->BltFast(0, 0, primary, nullptr, 0), DDERR_SURFACELOST);
     EXPECT_EQ(primary->Restore(), DDERR_WRONGMODE);
     EXPECT_EQ(directDraw->SetDisplayMode(640, 480, 16), DD_OK);
     EXPECT_EQ(primary->Restore(), DD_OK);
+    EXPECT_EQ(primary->IsLost(), DD_OK);
     primary->Release();
-}
-
-TEST_F(Surfaces, modesAndLevelsThatAreNone)
-{
-    EXPECT_EQ(directDraw->SetDisplayMode(640, 480, 8), DDERR_INVALIDMODE);
-    EXPECT_EQ(directDraw->SetDisplayMode(0, 480, 32), DDERR_INVALIDMODE);
-    EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, 0), DDERR_INVALIDPARAMS);
-    EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, DDSCL_EXCLUSIVE), DDERR_INVALIDPARAMS);
-    EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN),
-        DDERR_INVALIDPARAMS);
 }
 
 TEST_F(Surfaces, answerForTheirOwnInterfacesOnly)

@@ -140,7 +140,7 @@ HRESULT DirectDraw::SetDisplayMode(DWORD width, DWORD height, DWORD bits)
         || (bits != 16 && bits != 24 && bits != 32))
         return DDERR_INVALIDMODE;
     display().setMode(
-        { static_cast<int>(width), static_cast<int>(height), Display::formatOfDepth(bits) });
+        { static_cast<int>(width), static_cast<int>(height), PixelFormat::ofDepth(bits) });
     return DD_OK;
 }
 

@@ -21,11 +21,6 @@ struct Display {
     Surface* primary = nullptr; ///< Borrowed; it leaves by itself when it is destroyed.
 
     void setMode(const DisplayMode& wanted); ///< Another mode loses the primary surface.
-
-    /// What a mode of that depth has: its usual masks, or those that a test asked for.
-    [[nodiscard]] static PixelFormat formatOfDepth(DWORD bits);
-    static void useMasks(const PixelFormat& format);
-    static void useUsualMasks();
 };
 
 Display& display();

@@ -49,29 +49,6 @@ PixelView Surface::view()
     return { pixels_.data(), pitch_, width_, height_, &format_ };
 }
 
-void Surface::refuse(Call call, HRESULT result, int count)
-{
-    refusals_[static_cast<std::size_t>(call)] = { result, count };
-}
-
-bool Surface::takesRefusal(Call call, HRESULT& result)
-{
-    Refusal& refusal = refusals_[static_cast<std::size_t>(call)];
-    if (refusal.count <= 0)
-        return false;
-    --refusal.count;
-    result = refusal.result;
-    return true;
-}
-
-HRESULT Surface::accessible(Call call)
-{
-    HRESULT refused = DD_OK;
-    if (takesRefusal(call, refused))
-        return refused;
-    return lost_ ? DDERR_SURFACELOST : DD_OK;
-}
-
 HRESULT Surface::usable() const
 {
     if (lost_)
@@ -137,10 +114,8 @@ HRESULT Surface::Lock(LPRECT area, LPDDSURFACEDESC description, DWORD, HANDLE ev
     if (description == nullptr || description->dwSize != sizeof(DDSURFACEDESC) || event != nullptr
         || (area != nullptr && !contains(*area)))
         return DDERR_INVALIDPARAMS;
-    if (const HRESULT result = accessible(Call::Lock); result != DD_OK)
+    if (const HRESULT result = usable(); result != DD_OK)
         return result;
-    if (locked_ || context_ != nullptr)
-        return DDERR_SURFACEBUSY;
     locked_ = true;
     describe(*description);
     description->dwFlags |= DDSD_LPSURFACE;
@@ -162,8 +137,8 @@ HRESULT Surface::GetDC(HDC* context)
     if (context == nullptr)
         return DDERR_INVALIDPARAMS;
     *context = nullptr;
-    if (const HRESULT result = accessible(Call::GetDC); result != DD_OK)
-        return result;
+    if (lost_)
+        return DDERR_SURFACELOST;
     if (context_ != nullptr)
         return DDERR_DCALREADYCREATED;
     if (locked_)
@@ -187,9 +162,6 @@ HRESULT Surface::ReleaseDC(HDC context)
 
 HRESULT Surface::Restore()
 {
-    HRESULT refused = DD_OK;
-    if (takesRefusal(Call::Restore, refused))
-        return refused;
     if (!lost_)
         return DD_OK;
     const DisplayMode& mode = display().mode;

@@ -3,11 +3,9 @@
 /// Rows start at multiples of eight bytes, so a row may be longer than its pixels.
 #pragma once
 
-#include "control.h"
 #include "display_mode.h"
 #include "unsupported.h"
 
-#include <array>
 #include <vector>
 
 namespace kez::winapi {
@@ -17,8 +15,6 @@ public:
     /// Cleared to zero. The primary surface registers itself with the display.
     Surface(int width, int height, const PixelFormat& format, DWORD caps);
 
-    HRESULT Blt(LPRECT area, LPDIRECTDRAWSURFACE source, LPRECT sourceArea, DWORD flags,
-        LPDDBLTFX effects) override;
     HRESULT BltFast(
         DWORD x, DWORD y, LPDIRECTDRAWSURFACE source, LPRECT sourceArea, DWORD flags) override;
     HRESULT GetCaps(LPDDSCAPS caps) override;
@@ -35,32 +31,21 @@ public:
 
     [[nodiscard]] PixelView view();
 
-    void lose() { lost_ = true; }
+    void lose() { lost_ = true; } ///< Until `Restore`.
 
-    void refuse(Call call, HRESULT result, int count);
     void changed(); ///< Shows the picture if this is the primary surface.
 
     static int live; ///< Surfaces that exist.
 
 private:
-    struct Refusal {
-        HRESULT result = DD_OK;
-        int count = 0;
-    };
-
     ~Surface() override;
-    [[nodiscard]] bool takesRefusal(Call call, HRESULT& result);
-    [[nodiscard]] HRESULT accessible(Call call); ///< May the call touch the pixels?
     [[nodiscard]] HRESULT usable() const; ///< May a blit touch the pixels?
 
     [[nodiscard]] RECT whole() const { return { 0, 0, width_, height_ }; }
 
     [[nodiscard]] bool contains(const RECT& area) const;
     void describe(DDSURFACEDESC& description) const;
-    HRESULT fill(const RECT& area, const DDBLTFX* effects);
-    HRESULT copy(const RECT& area, Surface& source, const RECT& sourceArea);
-    void copyRows(const RECT& area, const Surface& source, const RECT& sourceArea);
-    void stretch(const RECT& area, Surface& source, const RECT& sourceArea);
+    void copyRows(const RECT& area, Surface& source, const RECT& sourceArea);
 
     int width_;
     int height_;
@@ -71,7 +56,6 @@ private:
     bool lost_ = false;
     bool locked_ = false;
     HDC context_ = nullptr;
-    std::array<Refusal, 4> refusals_;
 };
 
 } // namespace kez::winapi

@@ -58,6 +58,11 @@ public:
 
     HRESULT AddOverlayDirtyRect(LPRECT) override { return DDERR_UNSUPPORTED; }
 
+    HRESULT Blt(LPRECT, LPDIRECTDRAWSURFACE, LPRECT, DWORD, LPDDBLTFX) override
+    {
+        return DDERR_UNSUPPORTED;
+    }
+
     HRESULT BltBatch(LPDDBLTBATCH, DWORD, DWORD) override { return DDERR_UNSUPPORTED; }
 
     HRESULT DeleteAttachedSurface(DWORD, LPDIRECTDRAWSURFACE) override { return DDERR_UNSUPPORTED; }
