@@ -18,7 +18,7 @@ constexpr DWORD pixelColour(DWORD red, DWORD green, DWORD blue)
     return 0xFF000000u | red << 16 | green << 8 | blue;
 }
 
-constexpr DWORD selectedFrame = graphicColour(255, 90, 30);
+constexpr DWORD selectedFrame = graphicColour(16, 110, 230);
 constexpr DWORD labelText = graphicColour(75, 46, 62);
 constexpr DWORD emptyCell = pixelColour(234, 223, 198);
 constexpr DWORD bookFrame = graphicColour(150, 104, 66);
