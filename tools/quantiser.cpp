@@ -9,8 +9,10 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <set>
 #include <unordered_map>
 
 namespace kez::tools {
@@ -19,6 +21,7 @@ namespace {
 
 using Pixels = std::vector<std::uint32_t>;
 using ColourMap = std::unordered_map<std::uint32_t, std::uint32_t>; // from a colour to its stand-in
+using Histogram = std::unordered_map<std::uint32_t, std::size_t>; // from a colour to its pixels
 
 constexpr std::uint32_t colourBits = 0x00FFFFFF;
 
@@ -78,22 +81,67 @@ Pixels choosePalette(const Pixels& visible, int colours)
     return palette;
 }
 
-std::uint32_t nearest(std::uint32_t colour, const Pixels& palette)
+int distance(std::uint32_t a, std::uint32_t b)
 {
-    const auto sought = channels(colour);
+    const auto left = channels(a);
+    const auto right = channels(b);
+    int sum = 0;
+    for (std::size_t i = 0; i < left.size(); ++i)
+        sum += (left[i] - right[i]) * (left[i] - right[i]);
+    return sum;
+}
+
+std::size_t nearest(std::uint32_t colour, const Pixels& palette)
+{
     int least = std::numeric_limits<int>::max();
-    std::uint32_t best = 0;
-    for (const std::uint32_t entry : palette) {
-        const auto has = channels(entry);
-        int distance = 0;
-        for (std::size_t i = 0; i < has.size(); ++i)
-            distance += (has[i] - sought[i]) * (has[i] - sought[i]);
-        if (distance < least) {
-            least = distance;
-            best = entry;
+    std::size_t best = 0;
+    for (std::size_t i = 0; i < palette.size(); ++i) {
+        const int found = distance(colour, palette[i]);
+        if (found < least) {
+            least = found;
+            best = i;
         }
     }
     return best;
+}
+
+// The pixels that one entry of the palette stands for.
+struct Share {
+    std::array<double, 3> sums {};
+    double count = 0;
+
+    void add(std::uint32_t colour, double pixels)
+    {
+        const auto values = channels(colour);
+        for (std::size_t i = 0; i < sums.size(); ++i)
+            sums[i] += values[i] * pixels;
+        count += pixels;
+    }
+
+    [[nodiscard]] std::uint32_t mean() const
+    {
+        std::uint32_t colour = 0;
+        for (const double sum : sums)
+            colour = colour << 8 | static_cast<std::uint32_t>(sum / count + 0.5);
+        return colour;
+    }
+};
+
+// One round: every entry becomes the mean of what it stands for. Those that stand for nothing
+// become the colours that are farthest from their entries.
+void refine(Pixels& palette, const Histogram& histogram)
+{
+    std::vector<Share> shares(palette.size());
+    std::vector<std::pair<int, std::uint32_t>> losses; // by colour
+    for (const auto& [colour, pixels] : histogram) {
+        const std::size_t entry = nearest(colour, palette);
+        shares[entry].add(colour, static_cast<double>(pixels));
+        losses.emplace_back(distance(colour, palette[entry]), colour);
+    }
+    std::ranges::sort(losses, std::greater());
+    auto farthest = losses.begin();
+    for (std::size_t i = 0; i < palette.size(); ++i)
+        palette[i] = shares[i].count > 0 ? shares[i].mean() : (farthest++)->second;
 }
 
 void replace(Pixels& pixels, const ColourMap& standIns, ColourLoss& loss)
@@ -120,21 +168,30 @@ void replace(Pixels& pixels, const ColourMap& standIns, ColourLoss& loss)
 
 ColourLoss reduceColours(Pixels& pixels, int colours)
 {
+    constexpr int rounds = 8; // more hardly lessen the loss
     Pixels visible;
-    ColourMap standIns;
+    Histogram histogram;
     for (const std::uint32_t pixel : pixels) {
         if (!shows(pixel))
             continue;
         visible.push_back(pixel & colourBits);
-        standIns.emplace(pixel & colourBits, 0);
+        ++histogram[pixel & colourBits];
     }
-    ColourLoss loss { .coloursBefore = standIns.size(), .coloursAfter = standIns.size() };
-    if (standIns.size() <= static_cast<std::size_t>(colours))
+    ColourLoss loss { .coloursBefore = histogram.size(), .coloursAfter = histogram.size() };
+    if (histogram.size() <= static_cast<std::size_t>(colours))
         return loss;
-    const Pixels palette = choosePalette(visible, colours);
-    for (auto& [colour, standIn] : standIns)
-        standIn = nearest(colour, palette);
-    loss.coloursAfter = palette.size();
+    Pixels palette = choosePalette(visible, colours);
+    palette.resize(static_cast<std::size_t>(colours), palette.back());
+    for (int round = 0; round < rounds; ++round)
+        refine(palette, histogram);
+    ColourMap standIns;
+    std::set<std::uint32_t> used;
+    for (const auto& [colour, pixelCount] : histogram) {
+        const std::uint32_t standIn = palette[nearest(colour, palette)];
+        standIns.emplace(colour, standIn);
+        used.insert(standIn);
+    }
+    loss.coloursAfter = used.size();
     replace(pixels, standIns, loss);
     return loss;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-/// Reduces the colours of a picture so that it fits a palette; the opacities stay as they are. The
-/// palette is chosen by a library; every pixel then takes the nearest of its colours.
+/// Reduces the colours of a picture so that it fits a palette; the opacities stay as they are. A
+/// library chooses the palette, which is then refined round by round: every colour becomes the mean
+/// of the pixels that it is nearest to.
 #pragma once
 
 #include <cstddef>

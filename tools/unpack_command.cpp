@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// kez unpack: an archive becomes a folder of pictures with the manifest that packs it again.
 #include "archive_listing.h"
+#include "archive_packer.h"
 #include "commands.h"
 #include "manifest.h"
 #include "platform/files.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <set>
 
@@ -23,6 +25,48 @@ struct UnpackOptions {
     std::string archive;
     std::string folder;
     bool force = false;
+    bool salvage = false;
+};
+
+// Files are made beside the folder and put into it when all are there: an archive that turns out
+// to be damaged, or a full disk, leaves nothing behind.
+class Scratch {
+public:
+    explicit Scratch(const std::string& folder)
+        : folder_(folder)
+        , scratch_(folder + ".unpacking")
+    {
+        if (!files::createDirectory(path()))
+            throw UserError(path() + ": the folder cannot be made; is there the right to?");
+    }
+
+    ~Scratch()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(scratch_, ignored);
+    }
+
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+
+    [[nodiscard]] std::string path() const { return scratch_.string(); }
+
+    void commit() const
+    {
+        std::error_code error;
+        std::filesystem::create_directories(folder_, error);
+        for (const auto& file : std::filesystem::directory_iterator(scratch_)) {
+            if (!error)
+                std::filesystem::rename(file.path(), folder_ / file.path().filename(), error);
+        }
+        if (error)
+            throw UserError(
+                folder_.string() + ": the files cannot be put there (" + error.message() + ")");
+    }
+
+private:
+    std::filesystem::path folder_;
+    std::filesystem::path scratch_;
 };
 
 class Unpacker {
@@ -125,21 +169,23 @@ private:
 
     const std::vector<ArchiveRecord>& records_;
     std::string folder_;
-    std::set<std::string> used_ { "manifest.txt" };
+    std::set<std::string> used_ { manifestName };
 };
 
 void unpack(const UnpackOptions& options)
 {
     const OpenArchive archive = openArchive(options.archive);
+    if (!archive.list.fault.empty() && !options.salvage)
+        throw UserError(
+            options.archive + ": " + archive.list.fault + "; --salvage unpacks what can be had");
     if (!archive.list.fault.empty())
         std::fprintf(stderr, "kez: %s: %s; the rest is unpacked\n", options.archive.c_str(),
             archive.list.fault.c_str());
-    const std::string manifest = options.folder + "/manifest.txt";
+    const std::string manifest = options.folder + "/" + manifestName;
     if (files::exists(manifest) && !options.force)
         throw UserError(manifest + ": the folder is in use; give another one, or --force");
-    if (!files::createDirectory(options.folder))
-        throw UserError(options.folder + ": the folder cannot be made");
-    Unpacker unpacker(archive, options.folder);
+    const Scratch scratch(options.folder);
+    Unpacker unpacker(archive, scratch.path());
     Progress progress("unpacking " + options.archive);
     std::string text;
     for (std::size_t at = 0; at < archive.list.records.size();) {
@@ -147,8 +193,9 @@ void unpack(const UnpackOptions& options)
         progress.at(at, archive.list.records.size());
     }
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    if (!files::write(manifest, { bytes, text.size() }))
+    if (!files::write(scratch.path() + "/" + manifestName, { bytes, text.size() }))
         throw UserError(manifest + ": the file cannot be written");
+    scratch.commit();
     std::printf("%s: %zu records\n", options.folder.c_str(), archive.list.records.size());
 }
 
@@ -161,6 +208,8 @@ void addUnpackCommand(CLI::App& app)
         = app.add_subcommand("unpack", "Turn an archive into PNG pictures and a manifest");
     command->add_option("archive", options->archive, "The archive, such as kez.wad")->required();
     command->add_option("folder", options->folder, "The folder to write to")->required();
+    command->add_flag("--salvage", options->salvage,
+        "Unpack what can be had of a damaged archive rather than refuse it");
     command->add_flag("--force", options->force, "Write into a folder that has a manifest");
     command->callback([options] { unpack(*options); });
 }

@@ -3,6 +3,7 @@
 
 #include "media/archive_block.h"
 #include "media/dif1.h"
+#include "tools/match_finder.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,42 @@ TEST(Dif1Encoder, makesStreamsThatExpandToTheSameBytes)
         Bytes block(input.size());
         EXPECT_EQ(expandDif1(encodeDif1(input), block), nullptr);
         EXPECT_TRUE(block == input);
+    }
+}
+
+std::size_t longestByTrying(const Bytes& bytes, std::size_t at)
+{
+    std::size_t best = 0;
+    for (std::size_t source = at - std::min(at, dif1Reach); source < at; ++source) {
+        std::size_t length = 0;
+        while (length < dif1LongestCopy && at + length < bytes.size()
+            && bytes[source + length] == bytes[at + length])
+            ++length;
+        best = std::max(best, length);
+    }
+    return best < 3 ? 0 : best;
+}
+
+// Few letters make long trees, and more bytes than the reach make them lose their oldest.
+TEST(MatchFinder, findsTheLongestMatchWithinReach)
+{
+    std::mt19937 random(23);
+    for (const unsigned letters : { 1u, 2u, 20u }) {
+        Bytes bytes = randomBytes(random, 90'000, letters);
+        std::copy_n(bytes.begin() + 5'000, 300, bytes.begin() + 5'000 + std::ptrdiff_t(dif1Reach));
+        std::copy_n(bytes.begin() + 6'000, 300, bytes.begin() + 6'001 + std::ptrdiff_t(dif1Reach));
+        MatchFinder finder(bytes);
+        for (std::size_t at = 0; at < bytes.size(); ++at) {
+            const Match found = finder.next();
+            if (at % 499 != 0 && at != 5'000 + dif1Reach && at != 6'001 + dif1Reach)
+                continue;
+            ASSERT_EQ(found.length, longestByTrying(bytes, at)) << letters << " letters, at " << at;
+            if (found.length != 0) {
+                ASSERT_TRUE(std::equal(bytes.begin() + std::ptrdiff_t(at),
+                    bytes.begin() + std::ptrdiff_t(at + found.length),
+                    bytes.begin() + std::ptrdiff_t(at - found.distance)));
+            }
+        }
     }
 }
 

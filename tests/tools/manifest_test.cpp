@@ -25,7 +25,8 @@ TEST(Manifest, readsEveryKey)
         "# comment\n"
         "\n"
         "sprite cursor\r\n"
-        "sprite camBack file=\"the back.png\" depth=1000 x=-3 y=4 form=raw32 keep # note\n"
+        "sprite camBack file=\"the back.png\" depth=1000 x=-3 y=4 form=raw32 colours=16 keep # "
+        "note\n"
         "record chime.wv5 file=c.wv5");
     ASSERT_EQ(items.size(), 3u);
     EXPECT_EQ(items[0].file, "cursor.png");
@@ -38,6 +39,7 @@ TEST(Manifest, readsEveryKey)
     EXPECT_EQ(items[1].x, -3);
     EXPECT_EQ(items[1].y, 4);
     EXPECT_STREQ(items[1].form->name, "raw32");
+    EXPECT_EQ(items[1].colours, 16);
     EXPECT_TRUE(items[1].keep);
     EXPECT_EQ(items[2].kind, ManifestItem::Kind::Record);
     EXPECT_EQ(items[2].file, "c.wv5");
@@ -45,8 +47,9 @@ TEST(Manifest, readsEveryKey)
 
 TEST(Manifest, readsBackWhatItFormats)
 {
-    const std::string lines = "sprite \"a b\" \"file=x #y.png\" depth=-7 x=1 y=-2 form=long8 keep\n"
-                              "record plain\n";
+    const std::string lines
+        = "sprite \"a b\" \"file=x #y.png\" depth=-7 x=1 y=-2 form=long8 colours=9 keep\n"
+          "record plain\n";
     std::string again;
     for (const ManifestItem& item : parseManifest("m.txt", lines))
         again += formatManifestItem(item) + '\n';
@@ -69,6 +72,7 @@ TEST(Manifest, namesFileLineAndRemedy)
         { "sprite a depth=4x", "m.txt:1: depth=4x is no whole number" },
         { "sprite a x=99999999999", "m.txt:1: x=99999999999 is no whole number" },
         { "sprite a form=raw64", "m.txt:1: form=raw64 is unknown; the forms are auto, raw32" },
+        { "sprite a colours=257", "m.txt:1: colours=257 is not between 2 and 256" },
         { "sprite \"a", "m.txt:1: a double quote is not closed" },
         { "sprite a\n# between\nsprite A x=1", "m.txt:3: the name \"A\" stands on line 1 already" },
         { "sprite a\nrecord A.SP5", "m.txt:2: the name \"A.SP5\" stands on line 1 already" },

@@ -10,6 +10,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <set>
 
 using namespace kez;
 using namespace kez::test;
@@ -133,6 +134,35 @@ TEST_F(Packs, comesBackFromUnpackingAsItWas)
         << "a folder in use is not written into";
 }
 
+// The colours that are left are those of the picture's own that lie nearest, and what is told of
+// the loss is true.
+TEST_F(Packs, reducesColoursAndTellsWhatItCosts)
+{
+    const auto paint = [](int x, int y) {
+        const auto shade = static_cast<unsigned>(x * 4);
+        return static_cast<unsigned>(y * 8) << 24 | shade << 16 | shade << 8 | 30u;
+    };
+    draw("ramp.png", 60, 30, paint);
+    manifest("sprite ramp colours=20\n");
+    const KezRun run = pack();
+    ASSERT_EQ(run.status, 0) << run.errors;
+    ASSERT_EQ(runKez({ "unpack", folder / "out.wad", folder / "again" }).status, 0);
+    const PngPicture reduced = readPng(folder / "again/ramp.png");
+    std::set<std::uint32_t> colours;
+    int largest = 0;
+    for (int y = 1; y < 30; ++y)
+        for (int x = 0; x < 60; ++x) {
+            const std::uint32_t pixel = reduced.pixels[static_cast<std::size_t>(y * 60 + x)];
+            colours.insert(pixel & 0xFFFFFF);
+            EXPECT_EQ(pixel >> 24, paint(x, y) >> 24);
+            largest = std::max(largest, std::abs(static_cast<int>(pixel >> 8 & 255) - x * 4));
+        }
+    EXPECT_LE(colours.size(), 20u);
+    EXPECT_THAT(run.out, HasSubstr("ramp: 20 of 60 colours are left"));
+    EXPECT_THAT(run.out, HasSubstr(std::to_string(largest) + " at most"));
+    EXPECT_LT(largest, 16);
+}
+
 TEST_F(Packs, keepsARecordItDoesNotKnowAsItIs)
 {
     folder.put("in/odd", std::string("\x0d\0\0\0odd\0abcde", 13));
@@ -212,6 +242,13 @@ TEST_F(Packs, listsWhatIsThereAndRefusesWhatIsDamaged)
     EXPECT_THAT(damaged.out, HasSubstr("odd"));
     EXPECT_THAT(damaged.errors, HasSubstr("out.wad: the record at byte 13"));
     EXPECT_EQ(runKez({ "list", folder / "none.wad" }).status, 1);
+
+    const auto before = folder.names();
+    EXPECT_THAT(
+        runKez({ "unpack", folder / "out.wad", folder / "again" }).errors, HasSubstr("--salvage"));
+    EXPECT_EQ(folder.names(), before) << "nothing is left of what was refused";
+    EXPECT_EQ(runKez({ "unpack", folder / "out.wad", folder / "again", "--salvage" }).status, 0);
+    EXPECT_EQ(folder.get("again/odd").size(), 13u);
 }
 
 } // namespace
