@@ -55,12 +55,6 @@ TEST_F(Album, listsOnlyWhatIsAPictureOfItsOwn)
     EXPECT_THAT(scanned(), ElementsAre("1.2.clip", "case.clip", "eightCha.clip", "kept.clip"));
 }
 
-TEST_F(Album, isEmptyWithoutAStore)
-{
-    addName(album(), "old.clip");
-    EXPECT_THAT(scanned(), ElementsAre());
-}
-
 TEST_F(Album, renamesAPictureWithItsFiles)
 {
     List* node = entry("Photo  5");

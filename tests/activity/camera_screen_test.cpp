@@ -121,18 +121,6 @@ TEST_F(CameraScreenTest, erasesWhatItHasNoCellFor)
     EXPECT_EQ(fake.counter, 0);
 }
 
-TEST_F(CameraScreenTest, selectsOnlyCellsWithAPicture)
-{
-    fake.take(2);
-    framesForPictures(2);
-    clickCell(2);
-    EXPECT_EQ(selected(), -1);
-    clickCell(1);
-    EXPECT_EQ(selected(), 1);
-    clickCell(0);
-    EXPECT_EQ(selected(), 0);
-}
-
 TEST_F(CameraScreenTest, showsASelectedPictureEnlarged)
 {
     fake.take(2);
@@ -151,12 +139,6 @@ TEST_F(CameraScreenTest, showsASelectedPictureEnlarged)
     clickCell(1);
     endScene();
     EXPECT_EQ(pictureView().picture(), nullptr);
-}
-
-TEST_F(CameraScreenTest, leadsToThePhotoBook)
-{
-    click(Book);
-    EXPECT_EQ(pendingScene(), &photoBook());
 }
 
 TEST_F(CameraScreenTest, throwsTheSelectedPictureAway)
@@ -188,23 +170,6 @@ TEST_F(CameraScreenTest, savesUnlessAskedInHelpMode)
     click(Save);
     EXPECT_FALSE(unsavedPictures);
     EXPECT_TRUE(has("photo/Photo  1.cam") && has("clipboard/Photo  1.clip"));
-}
-
-TEST_F(CameraScreenTest, givesTheSelectedPictureToTheHost)
-{
-    fake.take();
-    framesForPictures(1);
-    click(Save); // or the child is asked first
-    clickCell(0);
-    click(Return);
-    EXPECT_TRUE(finishing);
-    EXPECT_STREQ(Kez::imageName, "~1");
-    EXPECT_EQ(Kez::imageWidth, 160);
-    ASSERT_NE(Kez::image, nullptr);
-    EXPECT_EQ(Kez::image[0], 1);
-    cameraScreen().grid().deselect();
-    click(Return);
-    EXPECT_EQ(Kez::imageName, nullptr);
 }
 
 TEST_F(CameraScreenTest, beginsANewVisitAtEveryEntry)

@@ -66,13 +66,4 @@ TEST_F(PictureNumbers, theLowestFreeOneIsFound)
     EXPECT_EQ(findFreeExportNumber(), 3);
 }
 
-TEST_F(PictureNumbers, endAt999)
-{
-    for (int number = 1; number <= 998; ++number) {
-        String name;
-        put(std::string("photo/") + makeNumberedName(name, "Photo", number).c_str() + ".cam");
-    }
-    EXPECT_EQ(findFreeNumber("Photo", 1, "cam"), 999);
-}
-
 } // namespace

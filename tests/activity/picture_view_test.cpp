@@ -64,16 +64,6 @@ TEST_F(PictureViewTest, fitsPicturesIntoTheView)
     }
 }
 
-TEST_F(PictureViewTest, showsThePictureUprightAtItsOwnSize)
-{
-    const Picture picture = makePicture(320, 240);
-    ASSERT_TRUE(savePhoto("a", picture.data(), 320, 240, nullptr, nullptr));
-    const DynaImage* image = open("a");
-    ASSERT_NE(image, nullptr);
-    for (const auto& [x, y] : { std::pair { 0, 0 }, { 319, 0 }, { 7, 239 }, { 160, 121 } })
-        EXPECT_EQ(pixel(*image, x, y), expected(picture.data(), 320, 240, x, y));
-}
-
 TEST_F(PictureViewTest, masksBeforeItResamples)
 {
     Picture picture = makePicture(160, 120);

@@ -108,19 +108,6 @@ TEST_F(CameraScreenSounds, tellThatAPictureCameOrCannotCome)
     EXPECT_THAT(heard(), ElementsAre("bad"));
 }
 
-TEST_F(CameraScreenSounds, tellThatAPictureIsThrownAway)
-{
-    fake.take(2);
-    framesForPictures(2);
-    heard();
-    click(Trash); // nothing is selected
-    EXPECT_THAT(heard(), ElementsAre("tap"));
-    clickCell(1);
-    heard();
-    click(Trash);
-    EXPECT_THAT(heard(), ElementsAre("tap", "trash"));
-}
-
 class PhotoBookSounds : public ScreenTest {
 protected:
     void SetUp() override

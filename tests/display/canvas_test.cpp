@@ -95,14 +95,6 @@ TEST_F(CanvasTest, changesModesOnlyBetweenItemsThatDiffer)
     EXPECT_EQ(pixelItem.draws, 4);
 }
 
-TEST_F(CanvasTest, drawsIntoTheSurface)
-{
-    openingsFor({ true, false });
-    EXPECT_EQ(test::pixelAt(*display.secondary, 0, 0) & 0xFFFFFF, 0x123456u);
-    // The stage's origin is the centre.
-    EXPECT_EQ(test::pixelAt(*display.secondary, 320, 240) & 0xFFFFFF, 0xFF8000u);
-}
-
 TEST_F(CanvasTest, drawsNothingWhenItCannotOpen)
 {
     test::DebugOutput output;

@@ -129,22 +129,6 @@ TEST(Graphic, movesPartOfTheWayButAtLeastAPixel)
     EXPECT_EQ(shape.y, 20);
 }
 
-TEST(Graphic, aCopyIsInNoLayer)
-{
-    View view(5, 5, 0, 0, 0, true, true);
-    Shape shape({ .x = 10, .width = 8 });
-    shape.tag = "names";
-    shape.setName("apple");
-    shape.setHitMode(-1, true);
-    view.add(shape);
-    const Shape copy(shape);
-    EXPECT_EQ(copy.layer(), nullptr);
-    EXPECT_EQ(copy.x, 5);
-    EXPECT_EQ(copy.baseX, 10);
-    EXPECT_STREQ(copy.tag, "names");
-    EXPECT_EQ(copy.name(), "apple");
-}
-
 TEST(Graphic, isStoredInStageCoordinates)
 {
     const auto path = (std::filesystem::path(testing::TempDir()) / "graphic.data").string();
@@ -177,26 +161,6 @@ TEST(Graphic, isStoredInStageCoordinates)
     EXPECT_EQ(read.angle, 90);
     EXPECT_EQ(read.extra, -1);
     std::filesystem::remove(path);
-}
-
-TEST(Graphic, leavesItsLayerWhenDestroyed)
-{
-    View view(0, 0, 0, 0, 0, true, true);
-    {
-        Shape shape = sized(1, 1);
-        view.add(shape);
-        EXPECT_EQ(view.layer(0).items().count(), 1);
-    }
-    EXPECT_EQ(view.layer(0).items().count(), 0);
-}
-
-TEST(Colour, partsAreWhereThePlatformHasThem)
-{
-    EXPECT_EQ(makeColour(0x11, 0x22, 0x33, 0x44), 0x44332211u);
-    EXPECT_EQ(alphaOf(makeColour(1, 2, 3)), 255u);
-    EXPECT_EQ(redOf(0x44332211), 0x11u);
-    EXPECT_EQ(greenOf(0x44332211), 0x22u);
-    EXPECT_EQ(blueOf(0x44332211), 0x33u);
 }
 
 } // namespace

@@ -7,57 +7,39 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace kez {
 namespace {
 
 using test::slotOf;
 
-TEST(Slots, ofActorAndScene)
+// The operations in the order of their slots, of which the first is given.
+void expectSlots(int first, const std::vector<int>& slots)
 {
-    EXPECT_EQ(slotOf(&Actor::create), 12);
-    EXPECT_EQ(slotOf(&Actor::enter), 13);
-    EXPECT_EQ(slotOf(&Actor::leave), 14);
-    EXPECT_EQ(slotOf(&Scene::onCreate), 15);
-    EXPECT_EQ(slotOf(&Scene::onEnter), 16);
-    EXPECT_EQ(slotOf(&Scene::onLeave), 17);
+    for (const int slot : slots)
+        EXPECT_EQ(slot, first++);
 }
 
-TEST(Slots, ofView)
+TEST(Slots, areInTheirOrder)
 {
-    EXPECT_EQ(slotOf(&View::attach), 7);
-    EXPECT_EQ(slotOf(&View::draw), 11);
-    EXPECT_EQ(slotOf(&View::invalidate), 12);
-}
-
-TEST(Slots, ofGraphic)
-{
-    EXPECT_EQ(slotOf(&Graphic::serialize), 3);
-    EXPECT_EQ(slotOf(&Graphic::setScale), 5);
-    EXPECT_EQ(slotOf(&Graphic::setHitMode), 6);
-    EXPECT_EQ(slotOf(&Graphic::left), 7);
-    EXPECT_EQ(slotOf(&Graphic::top), 8);
-    EXPECT_EQ(slotOf(&Graphic::right), 9);
-    EXPECT_EQ(slotOf(&Graphic::bottom), 10);
-    EXPECT_EQ(slotOf(&Graphic::hitTest), 11);
-    EXPECT_EQ(slotOf(&Graphic::fitInto), 12);
-    EXPECT_EQ(slotOf(&Graphic::changed), 13);
-    EXPECT_EQ(slotOf(&Graphic::draw), 14);
-    EXPECT_EQ(slotOf(&Graphic::realize), 15);
-    EXPECT_EQ(slotOf(&Graphic::unrealize), 16);
-    EXPECT_EQ(slotOf(&Graphic::drawsPixels), 17);
-    EXPECT_EQ(slotOf(&Graphic::moveToward), 18);
-}
-
-TEST(Slots, ofStage) // no destructor among them
-{
-    using test::tableEntry;
-    EXPECT_EQ(tableEntry(&Stage::onStart), 0);
-    EXPECT_EQ(tableEntry(&Stage::onReleased), 1);
-    EXPECT_EQ(tableEntry(&Stage::onStarted), 2);
-    EXPECT_EQ(tableEntry(&Stage::onReleasing), 3);
-    EXPECT_EQ(tableEntry(&Stage::frame), 4);
-    EXPECT_EQ(tableEntry(&Stage::hook5), 5);
-    EXPECT_EQ(tableEntry(&Stage::onInput), 6);
+    expectSlots(12,
+        { slotOf(&Actor::create), slotOf(&Actor::enter), slotOf(&Actor::leave),
+            slotOf(&Scene::onCreate), slotOf(&Scene::onEnter), slotOf(&Scene::onLeave) });
+    expectSlots(11, { slotOf(&View::draw), slotOf(&View::invalidate) });
+    expectSlots(7, { slotOf(&View::attach) });
+    expectSlots(3, { slotOf(&Graphic::serialize) });
+    expectSlots(5,
+        { slotOf(&Graphic::setScale), slotOf(&Graphic::setHitMode), slotOf(&Graphic::left),
+            slotOf(&Graphic::top), slotOf(&Graphic::right), slotOf(&Graphic::bottom),
+            slotOf(&Graphic::hitTest), slotOf(&Graphic::fitInto), slotOf(&Graphic::changed),
+            slotOf(&Graphic::draw), slotOf(&Graphic::realize), slotOf(&Graphic::unrealize),
+            slotOf(&Graphic::drawsPixels), slotOf(&Graphic::moveToward) });
+    using test::tableEntry; // the stage has no destructor among them
+    expectSlots(0,
+        { tableEntry(&Stage::onStart), tableEntry(&Stage::onReleased),
+            tableEntry(&Stage::onStarted), tableEntry(&Stage::onReleasing),
+            tableEntry(&Stage::frame), tableEntry(&Stage::hook5), tableEntry(&Stage::onInput) });
 }
 
 } // namespace
