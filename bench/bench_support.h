@@ -69,6 +69,20 @@ inline void addPeer(const std::string& name, const MakePeer& make)
     });
 }
 
+/// Copies that many pixels at one go.
+inline void addMemcpyOf(const std::string& name, std::size_t pixels)
+{
+    benchmark::RegisterBenchmark((name + "/memcpy").c_str(), [=](benchmark::State& state) {
+        const CanvasMemory source = paintedCanvas();
+        CanvasMemory target = paintedCanvas();
+        for (auto pass : state) {
+            static_cast<void>(pass);
+            std::memcpy(target.data(), source.data(), 4 * pixels);
+            benchmark::ClobberMemory();
+        }
+    });
+}
+
 /// Copies as many bytes as the result has, as the measure of the machine.
 inline void addMemcpy(const std::string& name, int width, int height)
 {

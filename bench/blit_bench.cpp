@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Every blitter, at first in families beside the peers, then each on its own.
 #include "bench_support.h"
+#include "libyuv_peers.h"
+#include "sprites/blit.h"
 #include "sprites/random_sprite.h"
+
+#include <algorithm>
 
 namespace kez::bench {
 
@@ -55,6 +59,51 @@ PixelView keyed(const SharedSprite& sprite, CanvasMemory& memory)
     return { memory.data(), sprite->meaning().width, sprite->meaning().height };
 }
 
+/// Blends by a table of all products, pixel by pixel: how machines without vectors did it.
+class TableLoop : public Peer {
+public:
+    TableLoop(Canvas canvas, const PlainSprite& sprite)
+        : canvas_(canvas)
+        , sprite_(sprite)
+        , products_(256 * 256)
+    {
+        for (std::uint32_t i = 0; i < products_.size(); ++i)
+            products_[i] = (i >> 8) * (i & 255);
+    }
+
+    void draw() override
+    {
+        const int left = (canvasWidth - sprite_.width) / 2;
+        const int top = (canvasHeight - sprite_.height) / 2;
+        std::size_t from = 0;
+        for (int y = 0; y < sprite_.height; ++y) {
+            std::uint32_t* const to = canvas_.data() + (top + y) * canvasWidth + left;
+            for (int x = 0; x < sprite_.width; ++x, ++from) {
+                if (sprite_.stored[from] != 0 && sprite_.opacities[from] != 0)
+                    to[x] = blended(to[x], sprite_.colours[from], sprite_.opacities[from]);
+            }
+        }
+    }
+
+private:
+    [[nodiscard]] std::uint32_t blended(
+        std::uint32_t canvas, std::uint32_t colour, std::uint32_t opacity) const
+    {
+        if (opacity == 255)
+            return colour;
+        const std::uint32_t* const own = &products_[opacity << 8];
+        const std::uint32_t* const rest = &products_[(255 - opacity) << 8];
+        std::uint32_t result = canvas & 0xFF000000;
+        for (int shift = 0; shift < 24; shift += 8)
+            result |= (own[colour >> shift & 255] + rest[canvas >> shift & 255]) >> 8 << shift;
+        return result;
+    }
+
+    Canvas canvas_;
+    const PlainSprite& sprite_;
+    std::vector<std::uint32_t> products_;
+};
+
 constexpr std::pair<int, int> sizes[] = { { 640, 480 }, { 300, 200 }, { 80, 54 } };
 
 void addRaw()
@@ -69,18 +118,32 @@ void addRaw()
         addPeer("copy/" + size + "/pixman",
             [=](Canvas canvas) { return pixmanBlit(canvas, viewOf(opaque), PeerBlit::Copy); });
 
-        for (const Spread spread : { Spread::Sprite, Spread::Soft }) {
+        for (const Spread spread : { Spread::Drawn, Spread::Soft }) {
             const auto sprite = makeSprite({ width, height, 32, SpriteMode::Raw, true, spread });
             const std::string name
-                = (spread == Spread::Soft ? "blend/soft/" : "blend/sprite/") + size;
+                = (spread == Spread::Soft ? "blend/soft/" : "blend/drawn/") + size;
             addSprite(name, sprite, inTheMiddle(sprite));
             addMemcpy(name, width, height);
             addPeer(name + "/SDL2",
                 [=](Canvas canvas) { return sdlBlit(canvas, viewOf(sprite), PeerBlit::Blend); });
             addPeer(name + "/pixman",
                 [=](Canvas canvas) { return pixmanBlit(canvas, viewOf(sprite), PeerBlit::Blend); });
+            addPeer(
+                name + "/libyuv", [=](Canvas canvas) { return yuvBlend(canvas, viewOf(sprite)); });
         }
     }
+}
+
+std::size_t storedPixels(const SharedSprite& sprite)
+{
+    const std::vector<std::uint8_t>& stored = sprite->meaning().stored;
+    return static_cast<std::size_t>(std::count(stored.begin(), stored.end(), 1));
+}
+
+void addTableLoop(const std::string& name, const SharedSprite& sprite)
+{
+    addPeer(name + "/table",
+        [=](Canvas canvas) { return std::make_unique<TableLoop>(canvas, sprite->meaning()); });
 }
 
 void addRuns()
@@ -89,9 +152,12 @@ void addRuns()
         for (const bool hasAlpha : { false, true }) {
             const std::string name
                 = (hasAlpha ? "runs/opacity/" : "runs/opaque/") + sizeName(width, height);
-            const auto sprite = makeSprite({ width, height, 32, SpriteMode::ShortRuns, hasAlpha });
+            const auto sprite
+                = makeSprite({ width, height, 32, SpriteMode::ShortRuns, hasAlpha, Spread::Drawn });
             addSprite(name, sprite, inTheMiddle(sprite));
-            addMemcpy(name, width, height);
+            addMemcpyOf(name, storedPixels(sprite));
+            if (hasAlpha)
+                addTableLoop(name, sprite);
             const auto memory = std::make_shared<CanvasMemory>();
             const PixelView view = keyed(sprite, *memory);
             addPeer(name + "/SDL2_RLE", [=](Canvas canvas) {
@@ -117,8 +183,9 @@ void addPalette()
         const std::vector<std::uint8_t> own(indices, indices + width * height);
         addPeer("palette/opaque/" + size + "/SDL2",
             [=](Canvas canvas) { return sdlPalette(canvas, own, width, height, colours.data()); });
-        const auto soft = makeSprite({ width, height, 8, SpriteMode::Raw, true });
+        const auto soft = makeSprite({ width, height, 8, SpriteMode::Raw, true, Spread::Drawn });
         addSprite("palette/opacity/" + size, soft, inTheMiddle(soft));
+        addTableLoop("palette/opacity/" + size, soft);
         addMemcpy("palette/opacity/" + size, width, height);
     }
 }
@@ -139,6 +206,9 @@ void addScaled()
         addPeer(name + "/SDL2", [=](Canvas canvas) {
             return sdlScaled(canvas, viewOf(sprite), one.displayedWidth, one.displayedHeight);
         });
+        addPeer(name + "/libyuv", [=](Canvas canvas) {
+            return yuvScaled(canvas, viewOf(sprite), one.displayedWidth, one.displayedHeight);
+        });
     }
 }
 
@@ -153,6 +223,23 @@ void addTurned()
             addSprite(name, sprite, inTheMiddle(sprite, angle));
             addMemcpy(name, width, height);
         }
+    }
+}
+
+// The turn alone, into memory.
+void addQuarterTurn()
+{
+    for (const auto& [width, height] : { std::pair { 640, 480 }, std::pair { 300, 200 } }) {
+        const std::string name = "quarterTurn/" + sizeName(width, height);
+        const auto sprite = makeSprite({ width, height });
+        const test::PlainSprite expected = plainTurn(sprite->meaning(), 90);
+        addOurs(
+            name, [=](Canvas canvas) { turn(*blitSource(sprite->parts()), 90, canvas.data()); },
+            [=](Canvas canvas) {
+                std::copy(expected.colours.begin(), expected.colours.end(), canvas.begin());
+            });
+        addMemcpyOf(name, expected.colours.size());
+        addPeer(name + "/libyuv", [=](Canvas) { return yuvTurn(viewOf(sprite)); });
     }
 }
 
@@ -181,6 +268,7 @@ const bool areAdded = [] {
     addPalette();
     addScaled();
     addTurned();
+    addQuarterTurn();
     addEveryKind();
     return true;
 }();

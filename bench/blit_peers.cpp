@@ -123,6 +123,28 @@ private:
     pixman_op_t operation_;
 };
 
+class PixmanPresent : public Peer {
+public:
+    explicit PixmanPresent(Canvas canvas)
+        : canvas_(imageOver(canvas.data(), canvasWidth, canvasHeight, false))
+        , pixels_(static_cast<std::size_t>(canvasWidth * canvasHeight / 2))
+        , display_(pixman_image_create_bits(
+              PIXMAN_r5g6b5, canvasWidth, canvasHeight, pixels_.data(), 2 * canvasWidth))
+    {
+    }
+
+    void draw() override
+    {
+        pixman_image_composite32(PIXMAN_OP_SRC, canvas_.get(), nullptr, display_.get(), 0, 0, 0, 0,
+            0, 0, canvasWidth, canvasHeight);
+    }
+
+private:
+    PixmanImage canvas_;
+    std::vector<std::uint32_t> pixels_; // two of the display's in each
+    PixmanImage display_;
+};
+
 SDL_BlendMode blendMode(PeerBlit kind)
 {
     return kind == PeerBlit::Blend ? SDL_BLENDMODE_BLEND : SDL_BLENDMODE_NONE;
@@ -176,6 +198,11 @@ std::unique_ptr<Peer> pixmanBlit(Canvas canvas, const PixelView& sprite, PeerBli
     return std::make_unique<PixmanBlit>(canvas,
         imageOver(sprite.pixels, sprite.width, sprite.height, hasAlpha), sprite.width,
         sprite.height, hasAlpha ? PIXMAN_OP_OVER : PIXMAN_OP_SRC);
+}
+
+std::unique_ptr<Peer> pixmanPresent(Canvas canvas)
+{
+    return std::make_unique<PixmanPresent>(canvas);
 }
 
 std::unique_ptr<Peer> sdlFill(Canvas canvas, int width, int height, std::uint32_t pixel)

@@ -49,4 +49,7 @@ std::unique_ptr<Peer> pixmanBlit(Canvas canvas, const PixelView& sprite, PeerBli
 std::unique_ptr<Peer> sdlFill(Canvas canvas, int width, int height, std::uint32_t pixel);
 std::unique_ptr<Peer> pixmanFill(Canvas canvas, int width, int height, std::uint32_t pixel);
 
+/// Converts the canvas to a display of 565.
+std::unique_ptr<Peer> pixmanPresent(Canvas canvas);
+
 } // namespace kez::bench

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rectangles, opaque and with opacity.
 #include "bench_support.h"
+#include "libyuv_peers.h"
 #include "sprites/fill_rect.h"
 #include "sprites/plain_renderer.h"
 
@@ -46,6 +47,9 @@ const bool areAdded = [] {
             if (alpha == 255) {
                 addPeer(name + "/SDL2", [=](Canvas canvas) {
                     return sdlFill(canvas, fill.width, fill.height, fill.pixel);
+                });
+                addPeer(name + "/libyuv", [=](Canvas canvas) {
+                    return yuvFill(canvas, fill.width, fill.height, fill.pixel);
                 });
             }
             addPeer(name + "/pixman", [=](Canvas canvas) {

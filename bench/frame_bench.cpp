@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: MIT
-// A whole frame of the camera screen at each depth, and the part of it that only copies the
-// finished picture onto the primary surface: their difference is the module's own share.
+// The module's share of a frame of the camera screen with twenty pictures: everything but the copy
+// onto the primary surface. Beside it the same frame by SDL2: the same pictures blitted into a
+// canvas of 32 bits, and the conversion to the display's depth.
 #include "activity/camera_screen.h"
+#include "activity/camera_slots.h"
 #include "activity/picture_names.h"
 #include "bench_support.h"
 #include "core/task.h"
+#include "core/vector_level.h"
 #include "display/screen.h"
 #include "display/view.h"
 #include "input/events.h"
-#include "media/camera.h"
 #include "media/resource_archive.h"
-#include "support/display.h"
+#include "sdl_frame.h"
+#include "support/failing_surface.h"
+
+#include <windows.h>
+
+#include <ddraw.h>
 
 #include <filesystem>
 
@@ -18,20 +25,37 @@ namespace kez::bench {
 
 namespace {
 
+DDPIXELFORMAT formatOf(int bits)
+{
+    DDPIXELFORMAT format = {};
+    format.dwSize = sizeof format;
+    format.dwFlags = DDPF_RGB;
+    format.dwRGBBitCount = static_cast<DWORD>(bits);
+    format.dwRBitMask = bits == 16 ? 0xF800 : 0xFF0000;
+    format.dwGBitMask = bits == 16 ? 0x07E0 : 0x00FF00;
+    format.dwBBitMask = bits == 16 ? 0x001F : 0x0000FF;
+    return format;
+}
+
 /// The camera screen as the child sees it, on surfaces without a window.
 class CameraFrame {
 public:
     explicit CameraFrame(int bits)
-        : display_(bits)
     {
+        DirectDrawCreate(nullptr, &directDraw_, nullptr);
+        directDraw_->SetCooperativeLevel(nullptr, DDSCL_NORMAL);
+        secondary_ = makeSurface(bits);
+        primary_ = std::make_unique<test::FailingSurface>(secondary_);
+        primary_->copyNothing();
         std::filesystem::current_path(KEZ_BENCH_CONTENT);
         setDataPath(std::filesystem::temp_directory_path().c_str());
         createArchive();
         archive()->open("data\\kez.wad");
-        screen().attach(display_.directDraw, display_.primary, display_.secondary, bits);
+        screen().attach(directDraw_, primary_.get(), secondary_, bits);
         switchTo(cameraScreen());
         performSwitch();
         mouseEvent(-100, 160, MouseEvent::Move); // a button is lit
+        pastePictures();
     }
 
     ~CameraFrame()
@@ -39,6 +63,8 @@ public:
         endScene();
         screen().detach();
         destroyArchive();
+        secondary_->Release();
+        directDraw_->Release();
     }
 
     CameraFrame(const CameraFrame&) = delete;
@@ -46,42 +72,84 @@ public:
 
     [[nodiscard]] bool isComplete() const { return archive()->count() > 0; }
 
-    void copyToPrimary()
+    /// The frame's pixels, drawn by the plain rules and as it is timed.
+    [[nodiscard]] bool isExact()
     {
-        RECT all { 0, 0, canvasWidth, canvasHeight };
-        display_.primary->BltFast(0, 0, display_.secondary, &all, DDBLTFAST_WAIT);
+        const VectorLevel level = vectorLevel();
+        limitVectorLevel(VectorLevel::Plain);
+        const std::vector<std::uint8_t> expected = drawn();
+        limitVectorLevel(level);
+        return drawn() == expected;
     }
 
 private:
-    test::Display display_;
+    static void pastePictures()
+    {
+        const CanvasMemory picture = paintedCanvas();
+        Image& backdrop = *cameraScreen().images().front();
+        for (int cell = 0; cell < slotCount; ++cell) {
+            const StagePoint& place = cameraScreen().grid().position(cell);
+            backdrop.pastePixels(picture.data(), 160, 120, place.x, place.y, 82, 54);
+        }
+    }
+
+    std::vector<std::uint8_t> drawn()
+    {
+        drawDisplayList();
+        DDSURFACEDESC description = {};
+        description.dwSize = sizeof description;
+        secondary_->Lock(nullptr, &description, DDLOCK_WAIT, nullptr);
+        const auto* const bytes = static_cast<const std::uint8_t*>(description.lpSurface);
+        std::vector<std::uint8_t> all(bytes, bytes + description.lPitch * canvasHeight);
+        secondary_->Unlock(nullptr);
+        return all;
+    }
+
+    IDirectDrawSurface* makeSurface(int bits)
+    {
+        DDSURFACEDESC description = {};
+        description.dwSize = sizeof description;
+        description.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
+        description.dwWidth = canvasWidth;
+        description.dwHeight = canvasHeight;
+        description.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
+        description.ddpfPixelFormat = formatOf(bits);
+        IDirectDrawSurface* surface = nullptr;
+        directDraw_->CreateSurface(&description, &surface, nullptr);
+        return surface;
+    }
+
+    IDirectDraw* directDraw_ = nullptr;
+    std::unique_ptr<test::FailingSurface> primary_;
+    IDirectDrawSurface* secondary_ = nullptr;
 };
 
-void addFrame(int bits)
+void time(benchmark::State& state, int bits, bool isPeer)
 {
-    const std::string name = "frame/camera/" + std::to_string(bits);
-    benchmark::RegisterBenchmark((name + "/whole").c_str(), [=](benchmark::State& state) {
-        CameraFrame frame(bits);
-        if (!frame.isComplete()) {
-            state.SkipWithError("data/kez.wad has not been made: build the target content");
-            return;
-        }
-        for (auto pass : state) {
-            static_cast<void>(pass);
+    CameraFrame frame(bits);
+    if (!frame.isComplete())
+        return state.SkipWithError("data/kez.wad has not been made: build the target content");
+    if (!frame.isExact())
+        return state.SkipWithError("does not draw what the plain rules draw");
+    const std::unique_ptr<Peer> peer = isPeer ? sdlFrame(bits) : nullptr;
+    for (auto pass : state) {
+        static_cast<void>(pass);
+        if (isPeer)
+            peer->draw();
+        else
             drawDisplayList();
-        }
-    });
-    benchmark::RegisterBenchmark((name + "/onlyPresenting").c_str(), [=](benchmark::State& state) {
-        CameraFrame frame(bits);
-        for (auto pass : state) {
-            static_cast<void>(pass);
-            frame.copyToPrimary();
-        }
-    });
+        benchmark::ClobberMemory();
+    }
 }
 
 const bool areAdded = [] {
-    for (const int bits : { 16, 24, 32 })
-        addFrame(bits);
+    for (const int bits : { 16, 24, 32 }) {
+        const std::string name = "frame/camera/" + std::to_string(bits);
+        for (const bool isPeer : { false, true }) {
+            benchmark::RegisterBenchmark((name + (isPeer ? "/SDL2" : "/kez")).c_str(),
+                [=](benchmark::State& state) { time(state, bits, isPeer); });
+        }
+    }
     return true;
 }();
 

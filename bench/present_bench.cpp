@@ -2,6 +2,7 @@
 // From the canvas to displays of other depths, the whole picture, beside SDL2's conversion.
 #include "bench_support.h"
 #include "display/present_conversion.h"
+#include "libyuv_peers.h"
 
 #include <SDL.h>
 
@@ -96,6 +97,9 @@ void addConversion(const Target& target)
 const bool areAdded = [] {
     for (const Target& target : targets)
         addConversion(target);
+    addPeer("present/565/pixman", pixmanPresent);
+    addPeer("present/565/libyuv", [](Canvas canvas) { return yuvPresent(canvas, 16); });
+    addPeer("present/24bits/libyuv", [](Canvas canvas) { return yuvPresent(canvas, 24); });
     return true;
 }();
 

@@ -17,8 +17,9 @@ namespace kez::test {
 using Random = std::independent_bits_engine<std::mt19937, 32, std::uint32_t>;
 
 /// How pixels are spread. `Sprite`: opaque and transparent stretches with soft pixels between;
-/// `Soft`: any opacity anywhere.
-enum class Spread { Sprite, Soft };
+/// `Soft`: any opacity anywhere; `Drawn`: as in pictures that somebody drew, here discs with soft
+/// edges that cover two fifths of the picture.
+enum class Spread { Sprite, Soft, Drawn };
 
 struct RandomShape {
     int width = 0;
@@ -64,6 +65,8 @@ private:
     {
         pixels_.resize(area);
         stored_.resize(area);
+        if (shape_.spread == Spread::Drawn)
+            return makeDiscs(random);
         std::vector<std::uint32_t> colours(1 + random() % 256);
         for (std::uint32_t& colour : colours)
             colour = random();
@@ -82,6 +85,25 @@ private:
             // Stored pixels of opacity 0 occur as well; no skip outgrows a short count.
             const bool isSkipped = shape_.spread == Spread::Sprite ? kind < 2 : false;
             stored_[i] = !isSkipped || random() % 16 == 0 || i % 128 == 0 ? 1 : 0;
+        }
+    }
+
+    void makeDiscs(Random& random)
+    {
+        constexpr int cell = 40;
+        constexpr int inner = 13 * 13;
+        constexpr int outer = 15 * 15;
+        for (std::size_t i = 0; i < pixels_.size(); ++i) {
+            const int x = static_cast<int>(i) % shape_.width % cell - cell / 2;
+            const int y = static_cast<int>(i) / shape_.width % cell - cell / 2;
+            const int distance = x * x + y * y;
+            const std::uint32_t opacity = distance < inner ? 255
+                : distance >= outer
+                ? 0
+                : 1 + static_cast<std::uint32_t>(254 * (outer - distance) / (outer - inner));
+            const std::uint32_t colour = shape_.bits == 8 ? random() % 256 * 0x010203 : random();
+            pixels_[i] = (colour & 0x00FFFFFF) | opacity << 24;
+            stored_[i] = opacity != 0 || i % 128 == 0; // no skip outgrows a short count
         }
     }
 

@@ -55,6 +55,9 @@ public:
     /// The format that GetPixelFormat tells, whatever the real one is.
     void claimFormat(const DDPIXELFORMAT& format) { claimedFormat_ = format; }
 
+    /// From now on BltFast succeeds and copies nothing.
+    void copyNothing() { copiesNothing_ = true; }
+
     [[nodiscard]] int calls(Call call) const { return counts_[call]; }
 
     [[nodiscard]] int locksHeld() const { return locksHeld_; }
@@ -108,6 +111,8 @@ public:
         DWORD x, DWORD y, LPDIRECTDRAWSURFACE source, LPRECT area, DWORD flags) override
     {
         const HRESULT result = begin(BltFastCall);
+        if (copiesNothing_ && result == DD_OK)
+            return DD_OK;
         return result == DD_OK ? real_->BltFast(x, y, realOf(source), area, flags) : result;
     }
 
@@ -256,6 +261,7 @@ private:
     std::array<Plan, Calls> plans_ = {};
     std::array<int, Calls> counts_ = {};
     bool lost_ = false;
+    bool copiesNothing_ = false;
     void* memory_ = nullptr;
     LONG pitchBytes_ = 0;
     DWORD claimedWidth_ = 0;
