@@ -2,6 +2,7 @@
 #include "display/bitmap_surface.h"
 
 #include "core/diagnostics.h"
+#include "display/bitmap_length.h"
 #include "display/screen.h"
 #include "platform/files.h"
 
@@ -16,7 +17,7 @@ HBITMAP loadBitmap(const char* name, int width, int height)
     HANDLE bitmap = LoadImageA(
         GetModuleHandleA(nullptr), name, IMAGE_BITMAP, width, height, LR_CREATEDIBSECTION);
     const std::string path = files::nativePath(name);
-    if (bitmap == nullptr && !path.empty())
+    if (bitmap == nullptr && !path.empty() && bitmapFileIsWhole(name))
         bitmap = LoadImageA(nullptr, path.c_str(), IMAGE_BITMAP, width, height,
             LR_LOADFROMFILE | LR_CREATEDIBSECTION);
     if (bitmap == nullptr)

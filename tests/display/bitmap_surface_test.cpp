@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <vector>
+
 using namespace kez;
 using namespace kez::test;
 
@@ -54,6 +57,20 @@ TEST_F(BitmapSurfaces, holdTheBitmapInItsOwnSizeOrAnother)
     ASSERT_NE(surface, nullptr);
     EXPECT_EQ(pixelAt(*surface, 3, 1), 0x060504u);
     surface->Release();
+}
+
+TEST_F(BitmapSurfaces, areRefusedWhenTheFileEndsEarly)
+{
+    std::vector<BmpBytes> bitmaps(6, twoRows);
+    bitmaps[0].pixels.resize(13);
+    bitmaps[1].width = 1 << 20;
+    bitmaps[2].width = bitmaps[2].height = 0x7FFFFFFF; // what they promise exceeds 64 bits
+    bitmaps[3].height = std::numeric_limits<int>::min();
+    bitmaps[4].headerSize = 12;
+    bitmaps[4].pixels.resize(9);
+    bitmaps[5].pixels.clear();
+    for (const BmpBytes& bitmap : bitmaps)
+        EXPECT_EQ(loadBitmapSurface(put(bitmap).c_str(), 0, 0, nullptr), nullptr);
 }
 
 TEST_F(BitmapSurfaces, areRefusedWithTheBitmapsName)
