@@ -185,6 +185,7 @@ void Kez::release()
     screen().detach();
     destroyArchive();
     stage().onReleased();
+    ::kez::camera().shutDown();
     quitting = true;
     shuttingDown = true;
 }

@@ -3,7 +3,9 @@
 #include "media/camera.h"
 
 #include "core/diagnostics.h"
+#include "core/flags.h"
 #include "core/string.h"
+#include "platform/library_life.h"
 
 #include <cstdlib>
 
@@ -11,7 +13,7 @@ namespace kez {
 
 namespace {
 
-constexpr DWORD unloadWaitMs = 2000;
+constexpr DWORD endWaitMs = 2000;
 
 std::atomic<bool>& exists()
 {
@@ -19,16 +21,24 @@ std::atomic<bool>& exists()
     return built;
 }
 
-/// At unload the link ends while the library's code is still there.
+/// At unload the link ends, unless `Kez::release` has ended it, while the library's code is still
+/// there. Where the program ends with the worker killed, the driver is in nobody knows what state.
 struct AtUnload {
-    ~AtUnload() { camera().shutDown(); }
+    ~AtUnload()
+    {
+        if (!platform::isAloneAtTheEnd())
+            camera().shutDown();
+    }
 } atUnload;
 
 } // namespace
 
 Camera& camera()
 {
-    static Camera& only = *new Camera; // never destroyed: a worker may still run
+    // Never destroyed, for a worker may still run; and no memory of the heap's, which nobody would
+    // give back.
+    alignas(Camera) static std::byte place[sizeof(Camera)];
+    static Camera& only = *new (place) Camera;
     return only;
 }
 
@@ -85,14 +95,25 @@ void Camera::giveUp()
 void Camera::shutDown()
 {
     giveUp();
-    bool workerEnded = true;
-    if (worker_ != nullptr) {
-        workerEnded = WaitForSingleObject(worker_, unloadWaitMs) == WAIT_OBJECT_0;
-        CloseHandle(worker_);
-        worker_ = nullptr;
+    if (!awaitWorker()) {
+        debugPrint("Camera: the driver does not return; it stays as it is.");
+        return;
     }
-    if (workerEnded && driver_.closeCamera != nullptr)
+    if (driver_.closeCamera != nullptr)
         driver_.closeCamera();
+    unloadCameraDriver(driver_);
+}
+
+// A worker whose command has ended only has the library to let go. It is not waited for while the
+// library is being unloaded, when it may be the worker itself that does this.
+bool Camera::awaitWorker()
+{
+    const bool ended = worker_ == nullptr || (quitting && isIdle())
+        || WaitForSingleObject(worker_, endWaitMs) == WAIT_OBJECT_0;
+    if (worker_ != nullptr)
+        CloseHandle(worker_);
+    worker_ = nullptr;
+    return ended;
 }
 
 bool Camera::issue(int command, std::uint32_t first, std::uint32_t second)
@@ -119,10 +140,12 @@ bool Camera::startWorker()
     if (worker_ != nullptr)
         CloseHandle(worker_); // of the last command, which has ended
     DWORD id = 0;
+    platform::holdLibrary();
     worker_ = CreateThread(nullptr, 0, work, this, 0, &id);
     if (worker_ != nullptr)
         return true;
     reportLastError("Camera: no thread for command %d.", currentCommand_.load());
+    platform::letLibraryGo();
     currentCommand_ = NoCommand;
     return false;
 }

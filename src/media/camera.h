@@ -110,7 +110,8 @@ public:
     /// Another driver than the library; for programs that bring their own. No command may run.
     void setDriver(const CameraDriver& driver);
 
-    /// At the end: stops, waits a moment for the worker and closes the camera.
+    /// At the end: stops, waits a moment for the worker, closes the camera and lets the driver's
+    /// library go. A worker that has not ended by then goes on with both.
     void shutDown();
 
 private:
@@ -122,6 +123,7 @@ private:
     void step();
     void beginConnection();
     bool startWorker();
+    bool awaitWorker();
     void askForGrab();
     void takeCompleted();
     void loadDriver();

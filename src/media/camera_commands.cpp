@@ -3,6 +3,7 @@
 #include "media/camera.h"
 
 #include "core/diagnostics.h"
+#include "platform/library_life.h"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ constexpr DWORD busyWaitMs = 20;
 DWORD WINAPI Camera::work(void* camera)
 {
     static_cast<Camera*>(camera)->execute();
-    return 0;
+    platform::endHoldingThread();
 }
 
 void Camera::execute()

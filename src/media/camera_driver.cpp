@@ -2,10 +2,12 @@
 #include "media/camera_driver.h"
 
 #include "core/diagnostics.h"
+#include "platform/library_life.h"
 
 #include <windows.h>
 
 #include <bit>
+#include <string>
 
 namespace kez {
 
@@ -40,6 +42,8 @@ constexpr ResultText resultTexts[] = {
     { CameraError, { "MVI_ERROR", "general/non-specifc error" } },
 };
 
+constexpr const char* libraryName = "qxdcdll";
+
 template <typename... Arguments>
 std::uint32_t answerNotPresent(Arguments...)
 {
@@ -51,7 +55,11 @@ bool take(HMODULE library, const char* name, std::uint32_t (*&function)(Argument
 {
     const auto address = GetProcAddress(library, name);
     if (address == nullptr) {
-        debugPrint("Camera driver: qxdcdll has no function %s; there is no camera.", name);
+        char file[MAX_PATH] = {};
+        GetModuleFileNameA(library, file, sizeof file);
+        debugPrint("Camera driver: %s has no function %s; there is no camera. Put the driver that "
+                   "came with the camera, or with this program, in its place.",
+            file, name);
         return false;
     }
     function = std::bit_cast<std::uint32_t (*)(Arguments...)>(address);
@@ -75,6 +83,19 @@ bool takeAll(HMODULE library, CameraDriver& driver)
         && take(library, "MviGrabImage", driver.grabImage)
         && take(library, "MviGrabResult", driver.grabResult)
         && take(library, "MviSoundBuzzer", driver.soundBuzzer);
+}
+
+void reportMissing(DWORD error)
+{
+    const std::string file = platform::libraryFile(libraryName);
+    if (error == ERROR_MOD_NOT_FOUND)
+        reportLastError("Camera driver: %s, or a library that it needs, is not there; there is no "
+                        "camera. Put it beside the program.",
+            file.c_str());
+    else
+        reportLastError("Camera driver: %s cannot be used by this program, which needs one of %d "
+                        "bits; there is no camera. Put one that fits in its place.",
+            file.c_str(), static_cast<int>(8 * sizeof(void*)));
 }
 
 CameraDriver absentDriver()
@@ -110,13 +131,25 @@ CameraResultText describeCameraResult(std::uint32_t result)
 
 CameraDriver loadCameraDriver()
 {
-    const HMODULE library = LoadLibraryA("qxdcdll");
+    const HMODULE library = LoadLibraryA(libraryName);
     if (library == nullptr) {
-        reportLastError("Camera driver: the library qxdcdll cannot be loaded; there is no camera.");
+        reportMissing(GetLastError());
         return absentDriver();
     }
     CameraDriver driver;
-    return takeAll(library, driver) ? driver : absentDriver(); // the library stays loaded for good
+    if (takeAll(library, driver)) {
+        driver.library = library;
+        return driver;
+    }
+    FreeLibrary(library);
+    return absentDriver();
+}
+
+void unloadCameraDriver(CameraDriver& driver)
+{
+    if (driver.library != nullptr)
+        FreeLibrary(static_cast<HMODULE>(driver.library));
+    driver = {};
 }
 
 } // namespace kez

@@ -58,10 +58,14 @@ struct CameraDriver {
     std::uint32_t (*grabImage)(int first, int second) = nullptr;
     std::uint32_t (*grabResult)() = nullptr;
     std::uint32_t (*soundBuzzer)(int first, int second) = nullptr;
+    void* library = nullptr; ///< Whose functions these are, held loaded; null: nobody's.
 };
 
 /// The functions of the library "qxdcdll". Without the library, or with one that lacks a function,
 /// a diagnostic and a driver whose every function answers `CameraNotPresent`.
 [[nodiscard]] CameraDriver loadCameraDriver();
+
+/// Lets the library go and forgets the functions.
+void unloadCameraDriver(CameraDriver& driver);
 
 } // namespace kez

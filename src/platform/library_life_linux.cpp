@@ -28,4 +28,14 @@ void onLibraryUnload(void (*hook)())
         registered = std::atexit(callHook) == 0;
 }
 
+std::string libraryFile(const char* name)
+{
+    return std::string("lib") + name + ".so";
+}
+
+bool isAloneAtTheEnd()
+{
+    return false;
+}
+
 } // namespace kez::platform

@@ -121,6 +121,30 @@ HMODULE GetModuleHandleA(LPCSTR name)
     return static_cast<HMODULE>(library);
 }
 
+BOOL GetModuleHandleExA(DWORD flags, LPCSTR address, HMODULE* library)
+{
+    const bool counts = (flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == 0;
+    if ((flags & ~GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT)
+            != GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS
+        || library == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    Dl_info info {};
+    link_map* map = nullptr;
+    if (::dladdr1(address, &info, reinterpret_cast<void**>(&map), RTLD_DL_LINKMAP) == 0) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return FALSE;
+    }
+    // The program's own map has an empty name.
+    const char* const name = map->l_name[0] == '\0' ? nullptr : map->l_name;
+    void* const found = ::dlopen(name, RTLD_NOW | RTLD_NOLOAD);
+    *library = static_cast<HMODULE>(found);
+    if (!counts && found != nullptr)
+        ::dlclose(found);
+    return found != nullptr ? TRUE : FALSE;
+}
+
 DWORD GetModuleFileNameA(HMODULE library, LPSTR path, DWORD pathSize)
 {
     link_map* map = nullptr;

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <csetjmp>
 #include <map>
 #include <memory>
 #include <thread>
@@ -43,6 +44,7 @@ std::map<HANDLE, ThreadPointer>& handles()
 }
 
 thread_local DWORD thisThreadId = 0;
+thread_local std::jmp_buf* thisThreadsEnd = nullptr;
 
 DWORD newThreadId()
 {
@@ -74,7 +76,10 @@ void* run(void* passed)
     const std::unique_ptr<ThreadPointer> own(static_cast<ThreadPointer*>(passed));
     Thread& thread = **own;
     begin(thread);
-    thread.start(thread.argument);
+    std::jmp_buf end;
+    thisThreadsEnd = &end;
+    if (setjmp(end) == 0)
+        thread.start(thread.argument);
     finish(thread);
     return nullptr;
 }
@@ -132,6 +137,14 @@ HANDLE CreateThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stackSize,
     if (threadId != nullptr)
         *threadId = thread->id;
     return thread.get();
+}
+
+// Not by way of the frames in between, whose code may be gone. The thread's handle tells of its end
+// only when the library has been let go.
+void FreeLibraryAndExitThread(HMODULE library, DWORD /*exitCode*/)
+{
+    FreeLibrary(library);
+    std::longjmp(*thisThreadsEnd, 1);
 }
 
 DWORD GetCurrentThreadId()

@@ -53,6 +53,9 @@
 #define WAIT_TIMEOUT 258u
 #define WAIT_FAILED 0xFFFFFFFFu
 
+#define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x00000002u
+#define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x00000004u
+
 #define GMEM_FIXED 0x0000u
 #define GMEM_MOVEABLE 0x0002u
 #define GMEM_ZEROINIT 0x0040u
@@ -95,6 +98,11 @@ BOOL WINAPI FreeLibrary(HMODULE library);
 FARPROC WINAPI GetProcAddress(HMODULE library, LPCSTR name);
 /// The program itself (null) or a library that is loaded; null when it is not.
 HMODULE WINAPI GetModuleHandleA(LPCSTR name);
+/// The program or library that an address lies in, with or without counting a use of it. Takes
+/// GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS alone or with the other flag.
+BOOL WINAPI GetModuleHandleExA(DWORD flags, LPCSTR address, HMODULE* library);
+/// Ends a thread of CreateThread; the library may be gone, with the code that called this.
+[[noreturn]] void WINAPI FreeLibraryAndExitThread(HMODULE library, DWORD exitCode);
 /// The full path of a library's file, or of the program's (null). Returns the length; a path that
 /// does not fit is cut and the size is returned.
 DWORD WINAPI GetModuleFileNameA(HMODULE library, LPSTR path, DWORD pathSize);
