@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <random>
@@ -115,6 +116,13 @@ TEST(Resample, agreesWithThePlainRuleAtEverySize)
              std::pair(640, 480), std::pair(811, 602) }) {
         const Picture source = noise(sw, sh, 7);
         ASSERT_EQ(resampled(source, sw, sh, 320, 240), plainRule(source, sw, sh, 320, 240)) << sw;
+    }
+    // Weights that return after a few rows, that never do, and that take more than 15 bits.
+    for (const auto& [sw, sh, dw, dh] : { std::array { 1024, 768, 160, 120 },
+             std::array { 811, 602, 97, 61 }, std::array { 1280, 1000, 32, 24 } }) {
+        for (const Picture& source : { noise(sw, sh, 8), Picture(noise(sw, sh, 0).size(), 255) })
+            ASSERT_TRUE(resampled(source, sw, sh, dw, dh) == plainRule(source, sw, sh, dw, dh))
+                << sw;
     }
 }
 
