@@ -45,7 +45,8 @@ function(kez_layer name)
 endfunction()
 
 # kez_vector_sources(variable family): the sources of a family of loops that exists for each vector
-# level, <family>_kernels_<level>.cpp with the options of that level, and the table of them.
+# level, <family>_kernels_<level>.cpp with the options of that level, and the table of them. -O3
+# takes the small loops over a vector's parts apart.
 function(kez_vector_sources variable family)
     if(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
         set(${variable} ${family}_levels_other.cpp PARENT_SCOPE)
@@ -60,7 +61,7 @@ function(kez_vector_sources variable family)
     foreach(level sse2 avx2 avx512)
         list(APPEND sources ${family}_kernels_${level}.cpp)
         set_source_files_properties(${family}_kernels_${level}.cpp PROPERTIES
-            COMPILE_OPTIONS "${options_${level}}")
+            COMPILE_OPTIONS "${options_${level}};$<$<NOT:$<CONFIG:Debug>>:-O3>")
     endforeach()
     set(${variable} ${sources} PARENT_SCOPE)
 endfunction()

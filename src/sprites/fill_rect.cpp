@@ -17,9 +17,14 @@ void fillRect(
     if (canvas.pixels == nullptr || first >= right)
         return;
     const auto fill = pixel >> 24 == 255 ? fillSpan : blendFillSpan;
-    for (std::int64_t y = std::max(top, 0); y < bottom; ++y)
-        fill(canvas.pixels + y * canvas.width + first, pixel,
-            static_cast<std::size_t>(right - first));
+    const std::int64_t firstRow = std::max(top, 0);
+    std::uint32_t* const to = canvas.pixels + firstRow * canvas.width + first;
+    const auto columns = static_cast<std::size_t>(right - first);
+    const std::int64_t rows = std::max<std::int64_t>(bottom - firstRow, 0);
+    if (right - first == canvas.width)
+        return fill(to, pixel, columns * static_cast<std::size_t>(rows));
+    for (std::int64_t y = 0; y < rows; ++y)
+        fill(to + y * canvas.width, pixel, columns);
 }
 
 } // namespace kez

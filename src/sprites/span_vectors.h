@@ -164,50 +164,60 @@ void blendFillVectors(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
     }
 }
 
-inline const std::uint8_t* pixelOf(const PickedColumns& from, std::size_t i)
-{
-    return from.run + std::ptrdiff_t { 4 } * (from.columns[i] - from.runColumn);
-}
+/// Addresses pixels by their columns. The row's column 0 may lie before the record, so that its
+/// address is a number only.
+class PixelsByColumn {
+public:
+    explicit PixelsByColumn(const PickedColumns& from)
+        : origin_(reinterpret_cast<std::uintptr_t>(from.run)
+            - 4 * static_cast<std::uintptr_t>(from.runColumn))
+    {
+    }
 
-inline void pickFour(std::uint32_t* to, const PickedColumns& from, std::size_t i)
-{
-    Sse2Vectors::store(to + i,
-        Sse2Vectors::joined(
-            pixelOf(from, i), pixelOf(from, i + 1), pixelOf(from, i + 2), pixelOf(from, i + 3)));
-}
+    const std::uint8_t* operator()(std::int32_t column) const
+    {
+        return reinterpret_cast<const std::uint8_t*>(
+            origin_ + 4 * static_cast<std::uintptr_t>(column));
+    }
 
-inline void pickRest(std::uint32_t* to, const PickedColumns& from, std::size_t i, std::size_t count)
+private:
+    std::uintptr_t origin_;
+};
+
+/// Pixel by pixel: what reducing takes, and short runs.
+inline void pickFours(std::uint32_t* to, const PickedColumns& from, std::size_t count)
 {
+    const PixelsByColumn at(from);
+    const std::int32_t* const columns = from.columns;
+    std::size_t i = 0;
     for (; i + 4 <= count; i += 4)
-        pickFour(to, from, i);
+        Sse2Vectors::store(to + i,
+            Sse2Vectors::joined(
+                at(columns[i]), at(columns[i + 1]), at(columns[i + 2]), at(columns[i + 3])));
     for (; i < count; ++i)
-        std::memcpy(to + i, pixelOf(from, i), 4);
+        std::memcpy(to + i, at(columns[i]), 4);
 }
 
-/// Where a picture is enlarged, the columns of a vector lie within one vector of the source.
+/// Where a picture is enlarged, the columns of a vector lie within one vector of the source. The
+/// last step overlaps the one before it.
 template <class V>
 void pickVectors(std::uint32_t* to, const PickedColumns& from, std::size_t count)
 {
     constexpr auto lanes = static_cast<std::int32_t>(V::lanes);
-    std::size_t i = 0;
-    if (from.runLength >= lanes) {
-        const std::int32_t lastStart = from.runColumn + from.runLength - lanes;
-        for (; i + V::lanes <= count; i += V::lanes) {
-            const std::int32_t first = from.columns[i];
-            const std::int32_t start = first < lastStart ? first : lastStart;
-            if (from.columns[i + V::lanes - 1] - start >= lanes)
-                break;
-            const auto* const source = from.run + std::ptrdiff_t { 4 } * (start - from.runColumn);
-            const auto positions = V::load(from.columns + i) - static_cast<std::uint32_t>(start);
-            V::store(to + i, V::permuted(V::load(source), positions));
-        }
+    if (count < V::lanes || from.runLength < lanes)
+        return pickFours(to, from, count);
+    const PixelsByColumn at(from);
+    const std::int32_t lastStart = from.runColumn + from.runLength - lanes;
+    for (std::size_t done = 0; done < count; done += V::lanes) {
+        const std::size_t i = done + V::lanes <= count ? done : count - V::lanes;
+        const std::int32_t first = from.columns[i];
+        const std::int32_t start = first < lastStart ? first : lastStart;
+        if (from.columns[i + V::lanes - 1] - start >= lanes)
+            return pickFours(to + done,
+                { from.columns + done, from.run, from.runColumn, from.runLength }, count - done);
+        const auto positions = V::load(from.columns + i) - static_cast<std::uint32_t>(start);
+        V::store(to + i, V::permuted(V::load(at(start)), positions));
     }
-    pickRest(to, from, i, count);
-}
-
-inline void pickFours(std::uint32_t* to, const PickedColumns& from, std::size_t count)
-{
-    pickRest(to, from, 0, count);
 }
 
 template <class V>
