@@ -14,8 +14,9 @@ namespace kez::driver {
 
 namespace {
 
-constexpr int mostPictures = 6;
+constexpr int mostPictures = 20;
 constexpr int picturesAtStart = 3;
+constexpr int picturesUnasked = 6;
 constexpr std::uint32_t pauseMs = 10'000;
 
 class DemoSource final : public PictureSource {
@@ -50,8 +51,9 @@ private:
 
     bool isDue(std::uint32_t now) const
     {
-        if (taken_ < picturesAtStart || taken_ >= count())
-            return taken_ < count();
+        const int unasked = std::min(picturesUnasked, count());
+        if (taken_ < picturesAtStart || taken_ >= unasked)
+            return taken_ < unasked;
         const auto pauses = static_cast<std::uint32_t>(taken_ - picturesAtStart + 1);
         return now - start_ >= pauses * pauseMs;
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "control_kernel.h"
 #include "picture_files.h"
 #include "picture_source.h"
 #include "platform/temporary_folder.h"
+#include "support/debug_output.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,7 @@
 namespace kez::driver {
 namespace {
 
+using kez::test::DebugOutput;
 using kez::test::TemporaryFolder;
 using Shutter = PictureSource::Shutter;
 
@@ -34,27 +35,10 @@ void putDemo(const TemporaryFolder& folder, int count)
         folder.put("demo" + std::to_string(i) + (i % 2 == 0 ? ".jpg" : ".png"), plainFile(i));
 }
 
-class HeardDiagnostics {
-public:
-    HeardDiagnostics()
-    {
-        winapi::setDebugOutputHook(
-            [](const char* part, void* heard) { *static_cast<std::string*>(heard) += part; },
-            &text);
-    }
-
-    ~HeardDiagnostics() { winapi::setDebugOutputHook(nullptr); }
-
-    HeardDiagnostics(const HeardDiagnostics&) = delete;
-    HeardDiagnostics& operator=(const HeardDiagnostics&) = delete;
-
-    std::string text;
-};
-
 TEST(DemoSource, hasThreeAtOnceAndThenOneEveryTenSecondsUpToSix)
 {
     const TemporaryFolder folder;
-    putDemo(folder, 6);
+    putDemo(folder, 7);
     std::string problem;
     const auto source = makeDemoSource(folder.path(), problem);
     ASSERT_NE(source, nullptr) << problem;
@@ -67,6 +51,7 @@ TEST(DemoSource, hasThreeAtOnceAndThenOneEveryTenSecondsUpToSix)
     EXPECT_EQ(nextNumber(*source, 20'500), 5);
     EXPECT_EQ(nextNumber(*source, 99'500), 6);
     EXPECT_EQ(nextNumber(*source, 999'500), 0);
+    EXPECT_EQ(nextNumber(*source, 999'500, Shutter::Pressed), 7);
     EXPECT_EQ(nextNumber(*source, 999'500, Shutter::Pressed), 1);
 }
 
@@ -78,11 +63,11 @@ TEST(DemoSource, makesDoWithFewerAndSkipsDamagedOnes)
     std::string problem;
     const auto source = makeDemoSource(folder.path(), problem);
     ASSERT_NE(source, nullptr);
-    const HeardDiagnostics heard;
+    const DebugOutput heard;
     EXPECT_EQ(nextNumber(*source, 0), 2);
     EXPECT_EQ(nextNumber(*source, 99'000), 0);
     EXPECT_EQ(nextNumber(*source, 99'000, Shutter::Pressed), 2);
-    EXPECT_NE(heard.text.find("demo1.png is no JPEG or PNG picture"), std::string::npos);
+    EXPECT_NE(heard.text().find("demo1.png is no JPEG or PNG picture"), std::string::npos);
     EXPECT_EQ(makeDemoSource(folder / "elsewhere", problem), nullptr);
     EXPECT_NE(problem.find("elsewhere"), std::string::npos);
 }
@@ -97,11 +82,11 @@ TEST(FolderSource, takesEachFileOnceByNameAndThenThoseThatCome)
     std::string problem;
     const auto source = makeFolderSource(folder.path(), problem);
     ASSERT_NE(source, nullptr);
-    const HeardDiagnostics heard;
+    const DebugOutput heard;
     for (const int number : { 1, 2, 0 })
         EXPECT_EQ(nextNumber(*source, 0), number);
-    EXPECT_NE(heard.text.find("ab.jpg is empty; it is skipped"), std::string::npos);
-    EXPECT_NE(heard.text.find("c.jpeg is no JPEG or PNG picture"), std::string::npos);
+    EXPECT_NE(heard.text().find("ab.jpg is empty; it is skipped"), std::string::npos);
+    EXPECT_NE(heard.text().find("c.jpeg is no JPEG or PNG picture"), std::string::npos);
     folder.put("aa.png", plainFile(3));
     EXPECT_EQ(nextNumber(*source, 1000), 0);
     EXPECT_EQ(nextNumber(*source, 2000), 3);
