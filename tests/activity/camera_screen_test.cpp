@@ -141,23 +141,6 @@ TEST_F(CameraScreenTest, showsASelectedPictureEnlarged)
     EXPECT_EQ(pictureView().picture(), nullptr);
 }
 
-TEST_F(CameraScreenTest, throwsTheSelectedPictureAway)
-{
-    fake.take(3);
-    framesForPictures(3);
-    click(Trash); // nothing is selected
-    EXPECT_EQ(picturesTaken(), 3);
-    clickCell(1);
-    click(Trash);
-    EXPECT_EQ(picturesTaken(), 2);
-    EXPECT_EQ(painted(1), color3);
-    EXPECT_EQ(selected(), -1);
-    fake.take();
-    framesForPictures(1);
-    EXPECT_EQ(painted(1), shade(4));
-    EXPECT_EQ(painted(3), color3);
-}
-
 TEST_F(CameraScreenTest, savesUnlessAskedInHelpMode)
 {
     fake.take();

@@ -33,6 +33,7 @@ enum Button { Import, Export, Return, Trash, Help, Save, Left, Right, Camera, Bo
 constexpr StagePoint bare { 0, 120 }; // neither cell nor label nor button
 constexpr std::uint32_t emptyColour = 0xFF112233;
 
+// What lies on its pages, and how they are turned, named and thrown away, the visits show.
 class PhotoBookTest : public ScreenTest {
 protected:
     void SetUp() override
@@ -90,31 +91,6 @@ protected:
     static int selected() { return photoBook().grid().selectedIndex(); }
 };
 
-TEST_F(PhotoBookTest, showsTwentyFourPicturesAPage)
-{
-    putPictures(25);
-    openBook();
-    for (int cell = 0; cell < 24; ++cell)
-        EXPECT_EQ(painted(cell), shade(101 + cell));
-    EXPECT_EQ(label(0), "Photo  1");
-    EXPECT_EQ(label(23), "Photo 24");
-
-    click(Left);
-    EXPECT_EQ(photoBook().page(), 0);
-    click(Right);
-    click(Right); // there is no third one
-    EXPECT_EQ(photoBook().page(), 1);
-    EXPECT_EQ(label(0), "Photo 25");
-    EXPECT_EQ(painted(0), shade(125));
-    EXPECT_EQ(label(1), "");
-    for (int cell = 1; cell < 24; ++cell)
-        EXPECT_EQ(painted(cell), emptyColour);
-
-    click(Left);
-    EXPECT_EQ(label(0), "Photo  1");
-    EXPECT_EQ(painted(23), shade(124));
-}
-
 TEST_F(PhotoBookTest, startsAgainAtTheFirstPageWithWhatIsOnDisk)
 {
     putPictures(25);
@@ -125,18 +101,6 @@ TEST_F(PhotoBookTest, startsAgainAtTheFirstPageWithWhatIsOnDisk)
     openBook();
     EXPECT_EQ(photoBook().page(), 0);
     EXPECT_EQ(label(0), "Another");
-}
-
-TEST_F(PhotoBookTest, showsNothingOfAnEmptyAlbum)
-{
-    openBook();
-    for (const Button button : { Right, Left, Trash, Export })
-        click(button);
-    clickCell(3);
-    type("Cat");
-    EXPECT_EQ(selected(), -1);
-    EXPECT_EQ(label(3), "");
-    EXPECT_EQ(painted(3), emptyColour);
 }
 
 TEST_F(PhotoBookTest, paintsThumbnailsIntoTheirCells)
@@ -157,38 +121,6 @@ TEST_F(PhotoBookTest, paintsThumbnailsIntoTheirCells)
     for (int dy = -22; dy < 22; ++dy)
         white += painted(0, 0, dy) == 0xFFFFFFFF ? 1 : 0;
     EXPECT_EQ(white, 1);
-}
-
-TEST_F(PhotoBookTest, leavesTheCellOfAShortThumbnailEmpty)
-{
-    putPictures(3);
-    put("clipboard/Photo  2.clip", std::string(clipBytes - 1, 'x'));
-    openBook();
-    EXPECT_EQ(painted(1), emptyColour);
-    EXPECT_EQ(label(1), "Photo  2");
-    EXPECT_EQ(painted(2), shade(103));
-}
-
-TEST_F(PhotoBookTest, renamesByTyping)
-{
-    putPictures(5);
-    openBook();
-    clickCell(4);
-    type("C/a\\tty wild cat\b\b");
-    EXPECT_EQ(label(4), "Catty ");
-    EXPECT_TRUE(has("clipboard/Photo  5.clip"));
-    click(Save);
-    EXPECT_EQ(folder.get("photo/Catty .cam"), "picture of Photo  5");
-    EXPECT_FALSE(has("clipboard/Photo  5.clip"));
-    EXPECT_EQ(label(4), "Catty ");
-
-    clickCell(0);
-    type("Dog");
-    clickCell(1); // a click on another cell commits as well
-    EXPECT_TRUE(has("clipboard/Dog.clip"));
-    type("x");
-    EXPECT_EQ(label(0), "Dog");
-    EXPECT_EQ(label(1), "x");
 }
 
 TEST_F(PhotoBookTest, putsARefusedNameBack)
@@ -236,42 +168,6 @@ TEST_F(PhotoBookTest, typesOnlyIntoASelectedPicture)
     EXPECT_EQ(selected(), -1);
 }
 
-TEST_F(PhotoBookTest, throwsTheSelectedPictureAway)
-{
-    putPictures(3);
-    openBook();
-    clickCell(0);
-    clickBare();
-    click(Trash); // nothing is selected any more
-    EXPECT_TRUE(has("photo/Photo  1.cam"));
-    clickCell(1);
-    click(Trash);
-    EXPECT_FALSE(has("photo/Photo  2.cam") || has("clipboard/Photo  2.clip"));
-    EXPECT_EQ(label(1), "Photo  3");
-    EXPECT_EQ(painted(1), shade(103));
-    EXPECT_EQ(painted(2), emptyColour);
-    click(Trash);
-    EXPECT_TRUE(has("photo/Photo  3.cam"));
-}
-
-TEST_F(PhotoBookTest, goesBackFromAPageThatHasBecomeEmpty)
-{
-    putPictures(26);
-    openBook();
-    click(Right);
-    clickCell(1);
-    click(Trash);
-    EXPECT_EQ(photoBook().page(), 1);
-    clickCell(0);
-    click(Trash);
-    EXPECT_EQ(photoBook().page(), 0);
-    EXPECT_EQ(label(23), "Photo 24");
-    clickCell(23);
-    click(Trash);
-    EXPECT_EQ(photoBook().page(), 0);
-    EXPECT_EQ(label(23), "");
-}
-
 TEST_F(PhotoBookTest, keepsPicturesThatTheDiskWillNotLetGo)
 {
     putPictures(2);
@@ -301,16 +197,6 @@ TEST_F(PhotoBookTest, handsOverTheSelectedPictureUnderItsNewName)
     EXPECT_STREQ(handedName(), "Cat");
     EXPECT_EQ(Kez::imageWidth, 4);
     EXPECT_EQ(folder.get("photo/~0.cam"), folder.get("photo/Cat.cam"));
-}
-
-TEST_F(PhotoBookTest, handsOverNothingWithoutASelection)
-{
-    putPictures(1);
-    openBook();
-    clickCell(5); // an empty cell
-    click(Return);
-    EXPECT_TRUE(finishing);
-    EXPECT_EQ(handedName(), nullptr);
 }
 
 TEST_F(PhotoBookTest, asksForASelectionToExport)
@@ -355,44 +241,6 @@ TEST_F(PhotoBookTest, explainsWhatIsClickedInHelpMode)
     clickCell(1); // an empty cell
     EXPECT_EQ(said(), 0);
     EXPECT_FALSE(helpMode);
-}
-
-TEST_F(PhotoBookTest, leadsToTheCameraScreen)
-{
-    openBook();
-    click(Book);
-    EXPECT_EQ(pendingScene(), nullptr);
-    click(Camera);
-    EXPECT_EQ(pendingScene(), &cameraScreen());
-}
-
-TEST_F(PhotoBookTest, showsASelectedPictureEnlarged)
-{
-    const Picture picture = makePicture(16, 12);
-    ASSERT_TRUE(savePhoto("Photo  1", picture.data(), 16, 12, nullptr, nullptr));
-    putPictures(2); // the second one's file is no picture
-    ASSERT_TRUE(savePhoto("Photo  1", picture.data(), 16, 12, nullptr, nullptr));
-    openBook();
-    clickCell(0);
-    clickCell(0);
-    ASSERT_NE(pictureView().picture(), nullptr);
-    EXPECT_EQ(selected(), -1);
-    type("Cat");
-    EXPECT_EQ(label(0), "Photo  1");
-    ASSERT_NE(pictureView().picture(), nullptr);
-
-    click(-32, -62); // the picture, in front of other cells
-    EXPECT_EQ(pictureView().picture(), nullptr);
-    EXPECT_EQ(selected(), 0);
-
-    clickCell(0);
-    clickCell(20); // beside it: an empty cell
-    EXPECT_EQ(pictureView().picture(), nullptr);
-    EXPECT_EQ(selected(), -1);
-
-    clickCell(1);
-    clickCell(1);
-    EXPECT_EQ(pictureView().picture(), nullptr);
 }
 
 TEST_F(PhotoBookTest, takesAnOpenPictureAlongWhenItIsLeft)

@@ -217,17 +217,6 @@ TEST_F(Popups, exportNothingThroughALink)
     EXPECT_EQ(folder.get("photo/kept.cam"), "kept");
 }
 
-TEST_F(Popups, exportAlthoughItsFolderHasGone)
-{
-    selectPicture();
-    click(exportButton);
-    std::filesystem::remove_all(folder / "export");
-    click(jpeg);
-    frames(2);
-    EXPECT_EQ(said(), clip::exported);
-    EXPECT_TRUE(has("export/Export  1.JPG"));
-}
-
 TEST_F(Popups, refuseAnExportWhoseTargetIsNoFile)
 {
     selectPicture();
@@ -258,15 +247,6 @@ TEST_F(Popups, closeRatherThanThrowAPictureAway)
     cameraScreen().grid().select(cell);
     click(trash);
     EXPECT_EQ(picturesTaken(), 0);
-}
-
-TEST_F(Popups, closeWithTheScreen)
-{
-    click(importButton);
-    EXPECT_TRUE(importPopup().isOpen());
-    endScene();
-    EXPECT_FALSE(importPopup().isOpen());
-    EXPECT_EQ(displayList().count(), 0);
 }
 
 TEST_F(Popups, listWhatCanBeImported)
@@ -360,22 +340,6 @@ TEST_F(Popups, importPicturesAsNewOnes)
     type("\r");
     EXPECT_EQ(said(), clip::noRoom);
     EXPECT_FALSE(has("photo/Image  3.cam"));
-}
-
-TEST_F(Popups, importLargePicturesReduced)
-{
-    const struct {
-        int width, height;
-        std::pair<int, int> size;
-    } cases[] = { { 640, 480, { 320, 240 } }, { 321, 100, { 320, 100 } }, { 3000, 1, { 320, 1 } },
-        { 1, 3000, { 1, 240 } }, { 100, 1000, { 24, 240 } } };
-
-    for (const auto& one : cases) {
-        putBmp("a.bmp", one.width, one.height);
-        importPicture({ "a", "bmp" });
-        EXPECT_EQ(sizeOf(lastImportedName().c_str()), one.size) << one.width << ", " << one.height;
-        EXPECT_FALSE(importFailed);
-    }
 }
 
 TEST_F(Popups, tellWhatCannotBeImported)

@@ -90,31 +90,5 @@ TEST(PictureReducer, cutsTheMiddleOut)
     EXPECT_EQ(reduce(turned, 6), test::plainPicture(9, 8, 7));
 }
 
-TEST(PictureReducer, turnsAsTheOrientationSays)
-{
-    // Corners of the stored picture: red, green / blue, white; by what EXIF says of rows and
-    // columns.
-    const Colour red { 255, 0, 0 }, green { 0, 255, 0 }, blue { 0, 0, 255 },
-        white { 255, 255, 255 };
-    const Colour expected[8][4] = { { red, green, blue, white }, { green, red, white, blue },
-        { white, blue, green, red }, { blue, white, red, green }, { red, blue, green, white },
-        { blue, red, white, green }, { white, green, blue, red }, { green, white, red, blue } };
-    for (int orientation = 1; orientation <= 8; ++orientation) {
-        SCOPED_TRACE(orientation);
-        const int width = isTransposed(orientation) ? 240 : 320;
-        const int height = isTransposed(orientation) ? 320 : 240;
-        const Photograph photograph(width, height, [&](int x, int y) {
-            const bool right = x >= width / 2;
-            return y < height / 2 ? (right ? green : red) : (right ? white : blue);
-        });
-        const Picture picture = reduce(photograph, orientation);
-        const Colour corners[] = { colourOf(picture, 0, 0), colourOf(picture, 159, 0),
-            colourOf(picture, 0, 119), colourOf(picture, 159, 119) };
-        EXPECT_TRUE(std::equal(std::begin(corners), std::end(corners), expected[orientation - 1]));
-        EXPECT_EQ(colourOf(picture, 79, 59), corners[0]);
-        EXPECT_EQ(colourOf(picture, 80, 60), corners[3]);
-    }
-}
-
 } // namespace
 } // namespace kez::driver

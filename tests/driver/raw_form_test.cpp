@@ -57,46 +57,42 @@ Difference difference(const Picture& picture)
     return found;
 }
 
-TEST(RawForm, plainColoursComeBack)
+Colour fieldOf(int x, int y)
+{
+    const int n = x / 19 + 9 * (y / 17);
+    return { (n * 61) % 256, (n * 151) % 256, (n * 203) % 256 };
+}
+
+Colour thinLinesAt(int x, int y)
+{
+    const bool line = x % 11 == 3 || y % 13 == 5 || (x + y) % 17 == 0;
+    return line ? Colour { 60, 30, 70 } : Colour { 250, 250, 240 };
+}
+
+Colour noiseAt(int x, int y)
+{
+    const unsigned random = unsigned(y * pictureWidth + x) * 2654435761u;
+    return { int(random >> 24), int(random >> 16 & 255), int(random >> 8 & 255) };
+}
+
+TEST(RawForm, picturesComeBackNearly)
 {
     const Colour colours[] = { { 0, 0, 0 }, { 255, 255, 255 }, { 255, 0, 0 }, { 0, 255, 0 },
         { 0, 0, 255 }, { 255, 255, 0 }, { 12, 200, 77 }, { 254, 1, 128 } };
     for (const Colour& c : colours)
         EXPECT_LE(difference(test::plainPicture(c.red, c.green, c.blue)).largest, 2);
-}
-
-TEST(RawForm, gradientsAndFieldsComeBackNearly)
-{
     const Difference gradient = difference(pictureOf([](int x, int y) {
         return Colour { x * 255 / 159, y * 255 / 119, 255 - (x + y) * 255 / 278 };
     }));
     EXPECT_LE(gradient.largest, 4);
-    const Difference fields = difference(pictureOf([](int x, int y) {
-        const int n = x / 19 + 9 * (y / 17);
-        return Colour { (n * 61) % 256, (n * 151) % 256, (n * 203) % 256 };
-    }));
+    const Difference fields = difference(pictureOf(fieldOf));
     EXPECT_LE(fields.largest, 12);
     EXPECT_LT(fields.mean, 1.5);
-}
-
-TEST(RawForm, thinLinesKeepTheirColour)
-{
-    const Difference lines = difference(pictureOf([](int x, int y) {
-        const bool line = x % 11 == 3 || y % 13 == 5 || (x + y) % 17 == 0;
-        return line ? Colour { 60, 30, 70 } : Colour { 250, 250, 240 };
-    }));
+    const Difference lines = difference(pictureOf(thinLinesAt));
     EXPECT_LE(lines.largest, 40);
     EXPECT_LT(lines.mean, 4.0);
-}
-
-TEST(RawForm, noiseFitsAsWell)
-{
-    unsigned random = 1;
-    const Difference noise = difference(pictureOf([&random](int, int) {
-        random = random * 1664525 + 1013904223;
-        return Colour { int(random >> 24), int(random >> 16 & 255), int(random >> 8 & 255) };
-    }));
-    EXPECT_LT(noise.mean, 45.0); // two colours picked at random are 85 apart
+    // Two colours picked at random are 85 apart.
+    EXPECT_LT(difference(pictureOf(noiseAt)).mean, 45.0);
 }
 
 TEST(RawForm, holdsItsLengthAndAStreamAndZeros)

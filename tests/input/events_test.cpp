@@ -70,15 +70,6 @@ protected:
     Button button;
 };
 
-TEST_F(EventsTest, keysHaveThreeEvents)
-{
-    keyEvent('A', KeyEvent::Press);
-    keyEvent('a', KeyEvent::Character);
-    keyEvent('A', KeyEvent::Release);
-    EXPECT_EQ(client.take(), "down char up ");
-    EXPECT_EQ(keyCode, static_cast<std::uint32_t>('A'));
-}
-
 TEST_F(EventsTest, aPressClicksTheItemFirst)
 {
     mouseEvent(100, 100, MouseEvent::Press);
@@ -125,26 +116,6 @@ TEST_F(EventsTest, nothingIsHeardWhileASwitchIsPending)
     keyEvent('A', KeyEvent::Press);
     EXPECT_EQ(client.take(), "down ");
     endScene();
-}
-
-// A screen that is left in the middle of an event takes its services with it.
-TEST_F(EventsTest, servicesMayGoWhileAnEventIsUnderWay)
-{
-    auto second = std::make_unique<MouseService>();
-    auto third = std::make_unique<MouseService>();
-    second->setClient(&client);
-    third->setClient(&client);
-    second->attach();
-    third->attach();
-    client.reaction = [&](Service& service) {
-        if (&service == third.get()) {
-            third.reset();
-            second.reset();
-        }
-    };
-    mouseEvent(0, 0, MouseEvent::Move);
-    EXPECT_EQ(client.take(), "move move ");
-    EXPECT_EQ(mouse.registry().count(), 1);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/resource_archive.h"
 
-#include "media/diagnostics_log.h"
 #include "platform/temporary_folder.h"
+#include "support/debug_output.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -156,12 +156,12 @@ TEST_F(Archives, boundsNamesAndPaths)
     const std::string name40(40, 'm');
     folder.put(
         "data/kez.wad", record(name39, "in") + record(name40, "never") + record("z", "last"));
-    DiagnosticsLog log;
+    DebugOutput log;
     archive.open(path);
     EXPECT_EQ(find(name39.c_str()), "in");
     EXPECT_EQ(find(name40.c_str()), "(none)");
     EXPECT_EQ(find("z"), "last") << "the records behind a bad name are kept";
-    EXPECT_THAT(log.text, HasSubstr("kez.wad: the record at byte 46"));
+    EXPECT_THAT(log.text(), HasSubstr("kez.wad: the record at byte 46"));
     EXPECT_EQ(find(std::string(5000, 'x').c_str()), "(none)");
 
     const std::string deep(99, 'd');
@@ -198,20 +198,20 @@ TEST_F(Archives, refusesWhatIsDamagedAndSaysSo)
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         folder.put("data/kez.wad", each.bytes);
-        DiagnosticsLog log;
+        DebugOutput log;
         archive.open(path);
         EXPECT_EQ(archive.count(), each.count);
-        EXPECT_THAT(log.text, HasSubstr(each.said));
+        EXPECT_THAT(log.text(), HasSubstr(each.said));
         archive.release();
         folder.put("data/kez.wad", record("sound", "1"));
         archive.open(path);
         folder.put("loose", each.bytes);
         EXPECT_EQ(bodyOf(archive.addFile("loose")), each.count == 1 ? "1" : "(none)");
     }
-    DiagnosticsLog log;
+    DebugOutput log;
     archive.open("data\\none.wad");
     EXPECT_EQ(archive.find("nothing"), nullptr);
-    EXPECT_EQ(log.text, "") << "what is missing is the caller's to report";
+    EXPECT_EQ(log.text(), "") << "what is missing is the caller's to report";
 }
 
 } // namespace

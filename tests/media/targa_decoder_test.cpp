@@ -222,17 +222,6 @@ TEST(TargaDecoder, refusesWithTheExactText)
     }
 }
 
-TEST(TargaDecoder, keepsTheSizesItKnewBeforeItRefused)
-{
-    const Decoded noWidth = decode(TargaBytesOf { header(2, 24, 0, 5) }.file());
-    EXPECT_EQ(noWidth.width, 0);
-    EXPECT_EQ(noWidth.height, 0);
-    const Decoded noHeight = decode(TargaBytesOf { header(2, 24, 5, 0) }.file());
-    EXPECT_EQ(noHeight.width, 5);
-    const Decoded wrongType = decode(TargaBytesOf { header(0, 24, 5, 6) }.file());
-    EXPECT_EQ(wrongType.height, 6);
-}
-
 TEST(TargaDecoder, numbersRowsThatOverrunAsEachDepthDoes)
 {
     // The second of three rows of two pixels overruns with a packet of four.

@@ -2,9 +2,9 @@
 #include "media/targa_file.h"
 
 #include "core/flags.h"
-#include "media/diagnostics_log.h"
 #include "media/targa_bytes.h"
 #include "platform/temporary_folder.h"
+#include "support/debug_output.h"
 
 #include <gtest/gtest.h>
 
@@ -77,10 +77,10 @@ TEST_F(TargaFiles, namesTheFileInItsMessage)
 {
     const std::string missing = folder / "none.cam";
     TargaFile file(missing.c_str());
-    DiagnosticsLog log;
+    DebugOutput log;
     EXPECT_EQ(file.read(nullptr, nullptr), nullptr);
     EXPECT_EQ(file.lastMessage(), ("File \"" + missing + "\": Could not open file").c_str());
-    EXPECT_EQ(log.text, file.lastMessage().c_str());
+    EXPECT_EQ(log.text(), file.lastMessage().c_str());
     EXPECT_EQ(file.write(missing.c_str(), true, 1, 1, nullptr), nullptr);
     EXPECT_EQ(file.lastMessage(), ("File \"" + missing + "\": No image available").c_str());
 }
@@ -109,7 +109,7 @@ TEST_F(TargaFiles, leavesTheOldFileWhenWritingFails)
     const std::string path = folder / "a.cam";
     folder.put("a.cam", "old");
     TargaFile file(nullptr);
-    DiagnosticsLog log;
+    DebugOutput log;
     const files::Fault::Plan plans[] = { { .failWriteNumber = 0 }, { .failWriteNumber = 5 },
         { .failCommitNumber = 0 }, { .roomBytes = 100 } };
     for (const files::Fault::Plan& plan : plans) {
@@ -118,7 +118,7 @@ TEST_F(TargaFiles, leavesTheOldFileWhenWritingFails)
     }
     EXPECT_EQ(folder.get("a.cam"), "old");
     EXPECT_EQ(diskUsed, 0);
-    EXPECT_NE(log.text.find(path), std::string::npos);
+    EXPECT_NE(log.text().find(path), std::string::npos);
     EXPECT_EQ(file.write((folder / "no/such/a.cam").c_str(), true, 1, 1, pixels.data()), nullptr);
     EXPECT_NE(file.lastMessage().view().find("Could not create file"), std::string_view::npos);
     EXPECT_EQ(file.write(path.c_str(), true, 65536, 1, pixels.data()), nullptr);

@@ -30,20 +30,6 @@ Answer answer(std::vector<const char*> arguments)
     return { usage, out.str(), err.str() };
 }
 
-TEST(Options, startWithTheCameraWhenNothingIsAsked)
-{
-    const Answer plain = answer({});
-    ASSERT_TRUE(plain.usage.start);
-    const Options& options = plain.usage.options;
-    EXPECT_EQ(options.activity, Activity::Camera);
-    EXPECT_EQ(options.data, "home");
-    EXPECT_EQ(options.camera, "demo");
-    EXPECT_EQ(options.depth, 32);
-    EXPECT_TRUE(options.song);
-    EXPECT_TRUE(options.intro);
-    EXPECT_FALSE(options.headless);
-}
-
 TEST(Options, takeEverythingThatIsAsked)
 {
     const Answer full = answer({ "--module", "book", "--data", "d", "--camera", "folder:a b",
