@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/enlarge.h"
 
+#include "core/vector_level.h"
+#include "media/resample_kernels.h"
 #include "media/sample_points.h"
 
 #include <algorithm>
@@ -10,13 +12,14 @@
 #include <utility>
 #include <vector>
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
 namespace kez {
 
 namespace {
+
+const ResampleKernels& resampleKernels()
+{
+    return *resampleKernelsOf[static_cast<std::size_t>(vectorLevel())];
+}
 
 /// Where an enlarged pixel lies between two source pixels.
 struct Between {
@@ -81,16 +84,14 @@ public:
         : source_(source)
         , pitch_(std::size_t { 3 } * static_cast<std::size_t>(sw))
         , lastRow_(sh - 1)
-        , columns_(columns)
         , lastRowCopy_(pitch_ + spare)
-        , shares_(columns.size() * shareCount)
     {
         std::memcpy(
             lastRowCopy_.data(), source + static_cast<std::size_t>(lastRow_) * pitch_, pitch_);
-        for (std::size_t x = 0; x < columns.size(); ++x) {
-            const auto right = static_cast<std::uint16_t>(columns[x].fraction * 16);
-            std::fill_n(&shares_[x * shareCount], 3, static_cast<std::uint16_t>(16 - right));
-            std::fill_n(&shares_[x * shareCount + 3], 3, right);
+        for (const Between& column : columns) {
+            const auto right = static_cast<std::uint16_t>(column.fraction * 16);
+            const auto left = static_cast<std::uint16_t>(16 - right);
+            columns_.push_back({ 3 * column.low, { left, left, left, right, right, right, 0, 0 } });
         }
         for (Row& row : rows_)
             row.values.resize(columns.size() * 3 + spare);
@@ -108,7 +109,6 @@ public:
 private:
     // Steps take eight bytes or values for the three of a pixel.
     static constexpr std::size_t spare = 5;
-    static constexpr std::size_t shareCount = 8; // the left pixel's three, the right one's, nothing
 
     struct Row {
         int number = -1;
@@ -121,50 +121,16 @@ private:
         const std::uint8_t* const from = number == lastRow_
             ? lastRowCopy_.data()
             : source_ + static_cast<std::size_t>(number) * pitch_;
-        const std::uint16_t* share = shares_.data();
-        std::uint16_t* to = row.values.data();
-        for (const Between& column : columns_) {
-            mix(from + static_cast<std::ptrdiff_t>(column.low) * 3, share, to);
-            share += shareCount;
-            to += 3;
-        }
-    }
-
-    // The pixel at `pair` and the one behind it, each times its share.
-    static void mix(const std::uint8_t* pair, const std::uint16_t* share, std::uint16_t* to)
-    {
-#ifdef __SSE2__
-        const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(pair));
-        const __m128i shares = _mm_loadu_si128(reinterpret_cast<const __m128i*>(share));
-        const __m128i parts
-            = _mm_mullo_epi16(_mm_unpacklo_epi8(bytes, _mm_setzero_si128()), shares);
-        _mm_storel_epi64(
-            reinterpret_cast<__m128i*>(to), _mm_add_epi16(parts, _mm_srli_si128(parts, 6)));
-#else
-        for (int byte = 0; byte < 3; ++byte)
-            to[byte] = static_cast<std::uint16_t>(
-                pair[byte] * share[byte] + pair[byte + 3] * share[byte + 3]);
-#endif
+        resampleKernels().spread(row.values.data(), from, columns_.data(), columns_.size());
     }
 
     const std::uint8_t* source_;
     std::size_t pitch_;
     int lastRow_;
-    const Places& columns_;
+    std::vector<SpreadColumn> columns_;
     std::vector<std::uint8_t> lastRowCopy_; ///< With room to read beyond it.
-    std::vector<std::uint16_t> shares_;
     Row rows_[2];
 };
-
-void mixRows(const std::uint16_t* upper, const std::uint16_t* lower, double fraction,
-    std::size_t bytes, std::uint8_t* to)
-{
-    const auto low = static_cast<std::uint16_t>(fraction * 16);
-    const auto up = static_cast<std::uint16_t>(16 - low);
-    for (std::size_t i = 0; i < bytes; ++i) // no sum exceeds 255 * 256
-        to[i] = static_cast<std::uint8_t>(
-            static_cast<std::uint16_t>(upper[i] * up + lower[i] * low) >> 8);
-}
 
 // Where every fraction is a number of sixteenths, as in doubling, the products and sums of the
 // doubles are exact, and so are those of integers.
@@ -175,7 +141,9 @@ void enlargeInSixteenths(const std::uint8_t* source, int sw, int sh, const Place
     const std::size_t bytes = columns.size() * 3;
     for (const Between& row : rows) {
         const std::uint16_t* const upper = spread.at(row.low);
-        mixRows(upper, spread.at(row.high), row.fraction, bytes, to);
+        const std::uint16_t* const lower = spread.at(row.high);
+        resampleKernels().mixRows(
+            to, upper, lower, static_cast<unsigned>(row.fraction * 16), bytes);
         to += bytes;
     }
 }

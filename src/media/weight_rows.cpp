@@ -28,7 +28,7 @@ SampleAxis::SampleAxis(int sourceSize, int destinationSize)
     const double step = static_cast<double>(sourceSize) / destinationSize;
     const double radius = (step + 1) / 2;
     const int span = static_cast<int>(step) + 1;
-    stride = static_cast<std::size_t>(span + 1) / 2 * 2;
+    stride = static_cast<std::size_t>(span + 3) / 4 * 4;
     for (const double point : samplePoints(sourceSize, destinationSize, step, 0.5 * step)) {
         int first = static_cast<int>(point) - span / 2;
         int end = first + span;
@@ -51,15 +51,15 @@ SampleAxis::SampleAxis(int sourceSize, int destinationSize)
     }
 }
 
-void WeightRow::weigh(double square, const SampleAxis& columns)
+bool WeightRow::weigh(double square, const SampleAxis& columns)
 {
     if (square == square_)
-        return;
+        return false;
     square_ = square;
     if (weighedFor_ >= 0 && std::abs(square - weighedFor_) <= weighedFor_ * sameButForRounding)
-        weighDoubtful(columns);
-    else
-        weighAll(columns);
+        return weighDoubtful(columns);
+    weighAll(columns);
+    return true;
 }
 
 void WeightRow::weighAll(const SampleAxis& columns)
@@ -85,13 +85,16 @@ void WeightRow::weighAll(const SampleAxis& columns)
     weighDoubtful(columns);
 }
 
-void WeightRow::weighDoubtful(const SampleAxis& columns)
+bool WeightRow::weighDoubtful(const SampleAxis& columns)
 {
+    bool changes = false;
     for (const std::uint32_t i : doubtful_) {
         const std::int16_t weight = weightOf(columns.squares[i], square_);
+        changes |= weight != weights_[i];
         totals_[i / columns.stride] += weight - weights_[i];
         weights_[i] = weight;
     }
+    return changes;
 }
 
 void WeightRow::sumUp(std::size_t stride)

@@ -19,7 +19,7 @@ struct SampleArea {
 };
 
 /// All areas of one axis. `squares` has the squares of their pixels' weights along this axis:
-/// `stride` places for each area, an even number; a place without a pixel is −1.
+/// `stride` places for each area, a multiple of four; a place without a pixel is −1.
 struct SampleAxis {
     SampleAxis(int sourceSize, int destinationSize);
 
@@ -33,8 +33,8 @@ struct SampleAxis {
 /// No weight may exceed 32,767.
 class WeightRow {
 public:
-    /// For a row whose own weight has this square.
-    void weigh(double square, const SampleAxis& columns);
+    /// For a row whose own weight has this square. Says whether any weight is another than before.
+    bool weigh(double square, const SampleAxis& columns);
 
     [[nodiscard]] const std::int16_t* weights() const { return weights_.data(); }
 
@@ -43,7 +43,7 @@ public:
 
 private:
     void weighAll(const SampleAxis& columns);
-    void weighDoubtful(const SampleAxis& columns);
+    bool weighDoubtful(const SampleAxis& columns);
     void sumUp(std::size_t stride);
 
     double square_ = -1;

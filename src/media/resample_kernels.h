@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+/// The innermost loops of resampling as each vector level has them. All give the same bytes.
+/// Without inline functions, since sources compiled for one level include this.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace kez {
+
+/// Where an enlarged pixel lies between two source pixels, in sixteenths.
+struct SpreadColumn {
+    std::int32_t offset; ///< Of the left pixel's first byte in its row.
+    std::uint16_t shares[8]; ///< The left pixel's three times, the right one's; then nothing.
+};
+
+/// A source row that the areas of a row of reduced pixels reach.
+struct WeighedRow {
+    const std::uint8_t* pixels;
+    const std::int16_t* weights; ///< `areaPixels` for each area.
+};
+
+/// A row of reduced pixels. Their areas are `areaPixels` wide, a multiple of four; where fewer
+/// count, the weights are 0. Four bytes behind an area are read.
+struct AveragedRow {
+    const WeighedRow* rows;
+    std::size_t rowCount;
+    std::size_t areaPixels;
+    const std::int32_t* offsets; ///< Of each area's first byte in its rows.
+    const double* inverses; ///< One by the sum of each area's weights.
+};
+
+struct ResampleKernels {
+    /// Three values for each column: the two pixels, each times its share. Reads eight bytes for
+    /// six and writes eight values where three are wanted.
+    void (*spread)(std::uint16_t* to, const std::uint8_t* from, const SpreadColumn* columns,
+        std::size_t count);
+    /// Two rows that were spread, by sixteenths: `lowerShare` of the lower one.
+    void (*mixRows)(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* lower,
+        unsigned lowerShare, std::size_t count);
+    /// Three bytes for each area: their sum by weight, times the inverse, truncated.
+    void (*average)(std::uint8_t* to, const AveragedRow& row, std::size_t count);
+};
+
+extern const ResampleKernels plainResampleKernels;
+extern const ResampleKernels sse2ResampleKernels;
+extern const ResampleKernels avx2ResampleKernels;
+
+/// By vector level.
+extern const ResampleKernels* const resampleKernelsOf[];
+
+} // namespace kez

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "media/resample_kernels.h"
+
+namespace kez {
+
+namespace {
+
+void spread(
+    std::uint16_t* to, const std::uint8_t* from, const SpreadColumn* columns, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x) {
+        const std::uint8_t* const left = from + columns[x].offset;
+        for (std::size_t byte = 0; byte < 3; ++byte)
+            *to++ = static_cast<std::uint16_t>(left[byte] * columns[x].shares[byte]
+                + left[byte + 3] * columns[x].shares[byte + 3]);
+    }
+}
+
+void mixRows(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* lower,
+    unsigned lowerShare, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        to[i] = static_cast<std::uint8_t>(
+            (upper[i] * (16 - lowerShare) + lower[i] * lowerShare) >> 8);
+}
+
+void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x)
+        for (std::size_t byte = 0; byte < 3; ++byte) {
+            std::int32_t sum = 0;
+            for (std::size_t j = 0; j < row.rowCount; ++j)
+                for (std::size_t i = 0; i < row.areaPixels; ++i)
+                    sum += row.rows[j]
+                               .pixels[row.offsets[x] + static_cast<std::ptrdiff_t>(3 * i + byte)]
+                        * row.rows[j].weights[x * row.areaPixels + i];
+            // The half keeps what divides evenly from falling below.
+            *to++ = static_cast<std::uint8_t>((sum + 0.5) * row.inverses[x]);
+        }
+}
+
+} // namespace
+
+const ResampleKernels plainResampleKernels = { spread, mixRows, average };
+
+} // namespace kez

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "media/resample_loops.h"
+
+namespace kez {
+
+namespace {
+
+// Two pixels that lie beside each other, as blue, blue, green, green, red, red in 16 bits each.
+__m128i twoPixels(const std::uint8_t* at)
+{
+    const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(at));
+    const __m128i pairs = _mm_unpacklo_epi8(bytes, _mm_srli_epi64(bytes, 24));
+    return _mm_unpacklo_epi8(pairs, _mm_setzero_si128());
+}
+
+__m128i twoWeights(const std::int16_t* at)
+{
+    std::int32_t both;
+    std::memcpy(&both, at, sizeof both);
+    return _mm_set1_epi32(both);
+}
+
+// The half keeps what divides evenly from falling below.
+__m128i divided(__m128i sums, double inverse)
+{
+    const __m128d halves = _mm_add_pd(_mm_cvtepi32_pd(sums), _mm_set1_pd(0.5));
+    return _mm_cvttpd_epi32(_mm_mul_pd(halves, _mm_set1_pd(inverse)));
+}
+
+void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
+{
+    const WeighedRow* const rowsEnd = row.rows + row.rowCount;
+    for (std::size_t x = 0; x < count; ++x) {
+        __m128i sums = _mm_setzero_si128();
+        for (const WeighedRow* each = row.rows; each != rowsEnd; ++each) {
+            const std::uint8_t* from = each->pixels + row.offsets[x];
+            const std::int16_t* weights = each->weights + x * row.areaPixels;
+            for (std::size_t i = 0; i < row.areaPixels; i += 2, from += 6)
+                sums
+                    = _mm_add_epi32(sums, _mm_madd_epi16(twoPixels(from), twoWeights(weights + i)));
+        }
+        const __m128i words = _mm_unpacklo_epi64(divided(sums, row.inverses[x]),
+            divided(_mm_unpackhi_epi64(sums, sums), row.inverses[x]));
+        const __m128i halves = _mm_packs_epi32(words, words);
+        const int pixel = _mm_cvtsi128_si32(_mm_packus_epi16(halves, halves));
+        std::memcpy(to + 3 * x, &pixel, 3);
+    }
+}
+
+} // namespace
+
+const ResampleKernels sse2ResampleKernels = { spreadColumns, mixSpreadRows, average };
+
+} // namespace kez

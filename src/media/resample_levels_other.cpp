@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+// On machines without these vector levels the plain loops are all there is.
+#include "core/vector_level.h"
+#include "media/resample_kernels.h"
+
+namespace kez {
+
+const ResampleKernels* const resampleKernelsOf[vectorLevels] = { &plainResampleKernels,
+    &plainResampleKernels, &plainResampleKernels, &plainResampleKernels };
+
+} // namespace kez
