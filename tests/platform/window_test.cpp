@@ -204,13 +204,4 @@ TEST_F(Windows, stayInvisibleWhereThereIsNoDisplay)
     unsetenv("SDL_VIDEODRIVER");
 }
 
-TEST_F(Windows, areAsLargeAsAsked)
-{
-    RECT area {};
-    ASSERT_TRUE(GetClientRect(window, &area));
-    EXPECT_EQ(area.right, 640);
-    EXPECT_EQ(area.bottom, 480);
-    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 640);
-}
-
 } // namespace

@@ -5,8 +5,7 @@
 #include "sprites/random_sprite.h"
 #include "sprites/record_bytes.h"
 #include "sprites/sprite_builder.h"
-
-#include <control_kernel.h>
+#include "support/debug_output.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,7 +22,6 @@ using Pixels = std::vector<std::uint32_t>;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 constexpr std::uint32_t red = 0xFFFF0000;
 constexpr std::uint32_t green = 0x8000FF00;
@@ -32,18 +30,9 @@ constexpr std::uint32_t blue = 0xFF0000FF;
 // Images with an archive of the test's own records; collects what is reported.
 class Images : public testing::Test {
 protected:
-    Images()
-    {
-        winapi::setDebugOutputHook(
-            [](const char* text, void* self) { static_cast<Images*>(self)->note(text); }, this);
-        createArchive();
-    }
+    Images() { createArchive(); }
 
-    ~Images() override
-    {
-        destroyArchive();
-        winapi::setDebugOutputHook(nullptr);
-    }
+    ~Images() override { destroyArchive(); }
 
     void stock(const std::vector<Bytes>& records)
     {
@@ -62,15 +51,11 @@ protected:
         return canvas;
     }
 
-    std::vector<std::string> reports;
+    /// What has been reported since the last question.
+    std::string reports() { return output_.take(); }
 
 private:
-    void note(const char* text)
-    {
-        if (std::string(text) != "\n" && std::string(text) != "\r\n")
-            reports.emplace_back(text);
-    }
-
+    DebugOutput output_;
     TemporaryFolder folder_;
 };
 
@@ -104,7 +89,7 @@ TEST_F(Images, takeTheirPlacementFromTheRecordUnlessToldToKeepIt)
         ElementsAre(5, -6, 40, 3, 1));
     EXPECT_EQ(image.baseDepth, 40);
     EXPECT_EQ(image.spriteWidth(), 3);
-    EXPECT_THAT(reports, IsEmpty());
+    EXPECT_EQ(reports(), "");
 
     const std::unique_ptr<Image> copy(image.clone());
     EXPECT_EQ(copy->pixels(), image.pixels());
@@ -124,7 +109,7 @@ TEST_F(Images, drawWithPaletteAndPlane)
     image.height = 1;
     const Pixels expected = { red, 0x00008000 - 0x0100, blue }; // (128 × 255) >> 8 = 127
     EXPECT_EQ(drawn(image, 3, 1), expected);
-    EXPECT_THAT(reports, IsEmpty());
+    EXPECT_EQ(reports(), "");
     EXPECT_NE(image.alphaPlane(), nullptr);
 }
 
@@ -147,22 +132,20 @@ TEST_F(Images, nameWhatIsMissing)
 {
     Image image("three", true);
     image.realize();
-    EXPECT_THAT(reports, ElementsAre(HasSubstr("three.sp5")));
+    EXPECT_THAT(reports(), HasSubstr("three.sp5"));
 
-    reports.clear();
     const EncodedSprite records = threeColours(8, true);
     stock({ records.sprite, records.alpha });
     image.realize();
-    EXPECT_THAT(reports, ElementsAre(HasSubstr("three.pal")));
+    EXPECT_THAT(reports(), HasSubstr("three.pal"));
     EXPECT_EQ(image.alphaPlane(), nullptr); // not sought after a palette that was not found
     EXPECT_EQ(image.spriteWidth(), 3);
     EXPECT_EQ(drawn(image, 3, 1), Pixels(3, 0));
 
-    reports.clear();
     stock({ records.sprite, records.palette });
     image.loadSprite(true);
     image.x = image.y = 0;
-    EXPECT_THAT(reports, ElementsAre(HasSubstr("three.alp")));
+    EXPECT_THAT(reports(), HasSubstr("three.alp"));
     EXPECT_EQ(drawn(image, 3, 1), (Pixels { red, green | 0xFF000000, blue }));
 }
 
@@ -187,13 +170,12 @@ TEST_F(Images, reportMalformedRecordsByNameAndDrawNothing)
         { { records.sprite, fewColours }, "three.pal: the palette has fewer colours" },
     };
     for (const FaultCase& fault : cases) {
-        reports.clear();
         stock(fault.records);
         Image image("three", true);
         image.loadSprite(true);
         image.width = 3;
         image.height = 1;
-        EXPECT_THAT(reports, ElementsAre(HasSubstr(fault.report)));
+        EXPECT_THAT(reports(), HasSubstr(fault.report));
         EXPECT_EQ(drawn(image, 3, 1), Pixels(3, 0));
     }
 }
@@ -224,7 +206,7 @@ TEST_F(Images, dynamicOnesOwnTheirRecord)
     copy->realize();
     EXPECT_EQ(copy->x, 4);
     EXPECT_NE(copy->pixels(), nullptr);
-    EXPECT_THAT(reports, IsEmpty());
+    EXPECT_EQ(reports(), "");
 }
 
 namespace {

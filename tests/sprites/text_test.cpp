@@ -115,15 +115,6 @@ TEST_F(TextTest, measuresItsWords)
     }
 }
 
-TEST_F(TextTest, keepsItsSizeUnlessAsked)
-{
-    Text text = make("before");
-    text.setText("a longer text", Text::Fit::Keep);
-    text.setText(nullptr, Text::Fit::Measure);
-    EXPECT_EQ(text.text(), "a longer text");
-    EXPECT_EQ(text.width, 60);
-}
-
 TEST_F(TextTest, liesAtItsAnchors)
 {
     // The rectangle reaches from (-20, -25) to (40, 15).

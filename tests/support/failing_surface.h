@@ -4,6 +4,8 @@
 /// surface cannot copy from a stand-in: where the secondary is one, let the primary be one too.
 #pragma once
 
+#include "support/never_called.h"
+
 #include <windows.h>
 
 #include <ddraw.h>
@@ -153,83 +155,35 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetCaps(LPDDSCAPS caps) override { return real_->GetCaps(caps); }
 
-    HRESULT STDMETHODCALLTYPE Blt(
-        LPRECT to, LPDIRECTDRAWSURFACE source, LPRECT from, DWORD flags, LPDDBLTFX effects) override
-    {
-        return real_->Blt(to, realOf(source), from, flags, effects);
-    }
-
-    // What the module never calls.
-    HRESULT STDMETHODCALLTYPE AddAttachedSurface(LPDIRECTDRAWSURFACE) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE AddOverlayDirtyRect(LPRECT) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE BltBatch(LPDDBLTBATCH, DWORD, DWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE DeleteAttachedSurface(DWORD, LPDIRECTDRAWSURFACE) override
-    {
-        return no;
-    }
-
-    HRESULT STDMETHODCALLTYPE EnumAttachedSurfaces(LPVOID, LPDDENUMSURFACESCALLBACK) override
-    {
-        return no;
-    }
-
-    HRESULT STDMETHODCALLTYPE EnumOverlayZOrders(DWORD, LPVOID, LPDDENUMSURFACESCALLBACK) override
-    {
-        return no;
-    }
-
-    HRESULT STDMETHODCALLTYPE Flip(LPDIRECTDRAWSURFACE, DWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetAttachedSurface(LPDDSCAPS, LPDIRECTDRAWSURFACE*) override
-    {
-        return no;
-    }
-
-    HRESULT STDMETHODCALLTYPE GetBltStatus(DWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetClipper(LPDIRECTDRAWCLIPPER*) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetColorKey(DWORD, LPDDCOLORKEY) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetFlipStatus(DWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetOverlayPosition(LPLONG, LPLONG) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetPalette(LPDIRECTDRAWPALETTE*) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE Initialize(LPDIRECTDRAW, LPDDSURFACEDESC) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE SetClipper(LPDIRECTDRAWCLIPPER) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE SetColorKey(DWORD, LPDDCOLORKEY) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE SetOverlayPosition(LONG, LONG) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE SetPalette(LPDIRECTDRAWPALETTE) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE UpdateOverlay(
-        LPRECT, LPDIRECTDRAWSURFACE, LPRECT, DWORD, LPDDOVERLAYFX) override
-    {
-        return no;
-    }
-
-    HRESULT STDMETHODCALLTYPE UpdateOverlayDisplay(DWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE UpdateOverlayZOrder(DWORD, LPDIRECTDRAWSURFACE) override
-    {
-        return no;
-    }
+    KEZ_NEVER_CALLED(Blt, LPRECT, LPDIRECTDRAWSURFACE, LPRECT, DWORD, LPDDBLTFX);
+    KEZ_NEVER_CALLED(AddAttachedSurface, LPDIRECTDRAWSURFACE);
+    KEZ_NEVER_CALLED(AddOverlayDirtyRect, LPRECT);
+    KEZ_NEVER_CALLED(BltBatch, LPDDBLTBATCH, DWORD, DWORD);
+    KEZ_NEVER_CALLED(DeleteAttachedSurface, DWORD, LPDIRECTDRAWSURFACE);
+    KEZ_NEVER_CALLED(EnumAttachedSurfaces, LPVOID, LPDDENUMSURFACESCALLBACK);
+    KEZ_NEVER_CALLED(EnumOverlayZOrders, DWORD, LPVOID, LPDDENUMSURFACESCALLBACK);
+    KEZ_NEVER_CALLED(Flip, LPDIRECTDRAWSURFACE, DWORD);
+    KEZ_NEVER_CALLED(GetAttachedSurface, LPDDSCAPS, LPDIRECTDRAWSURFACE*);
+    KEZ_NEVER_CALLED(GetBltStatus, DWORD);
+    KEZ_NEVER_CALLED(GetClipper, LPDIRECTDRAWCLIPPER*);
+    KEZ_NEVER_CALLED(GetColorKey, DWORD, LPDDCOLORKEY);
+    KEZ_NEVER_CALLED(GetFlipStatus, DWORD);
+    KEZ_NEVER_CALLED(GetOverlayPosition, LPLONG, LPLONG);
+    KEZ_NEVER_CALLED(GetPalette, LPDIRECTDRAWPALETTE*);
+    KEZ_NEVER_CALLED(Initialize, LPDIRECTDRAW, LPDDSURFACEDESC);
+    KEZ_NEVER_CALLED(SetClipper, LPDIRECTDRAWCLIPPER);
+    KEZ_NEVER_CALLED(SetColorKey, DWORD, LPDDCOLORKEY);
+    KEZ_NEVER_CALLED(SetOverlayPosition, LONG, LONG);
+    KEZ_NEVER_CALLED(SetPalette, LPDIRECTDRAWPALETTE);
+    KEZ_NEVER_CALLED(UpdateOverlay, LPRECT, LPDIRECTDRAWSURFACE, LPRECT, DWORD, LPDDOVERLAYFX);
+    KEZ_NEVER_CALLED(UpdateOverlayDisplay, DWORD);
+    KEZ_NEVER_CALLED(UpdateOverlayZOrder, DWORD, LPDIRECTDRAWSURFACE);
 
 private:
     struct Plan {
         HRESULT result = DD_OK;
         int count = 0;
     };
-
-    static inline const HRESULT no = DDERR_UNSUPPORTED;
 
     static std::set<IDirectDrawSurface*>& standIns()
     {

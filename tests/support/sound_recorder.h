@@ -6,6 +6,7 @@
 #include "core/clock.h"
 #include "media/sound_buffer.h"
 #include "media/sound_record_bytes.h"
+#include "support/never_called.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -62,26 +63,14 @@ public:
 
     HRESULT STDMETHODCALLTYPE SetCooperativeLevel(HWND, DWORD) override { return DS_OK; }
 
-    // What the module never calls.
-    HRESULT STDMETHODCALLTYPE GetCaps(LPDSCAPS) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE DuplicateSoundBuffer(
-        LPDIRECTSOUNDBUFFER, LPDIRECTSOUNDBUFFER*) override
-    {
-        return no;
-    }
-
-    HRESULT STDMETHODCALLTYPE Compact() override { return no; }
-
-    HRESULT STDMETHODCALLTYPE GetSpeakerConfig(LPDWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE SetSpeakerConfig(DWORD) override { return no; }
-
-    HRESULT STDMETHODCALLTYPE Initialize(const GUID*) override { return no; }
+    KEZ_NEVER_CALLED(GetCaps, LPDSCAPS);
+    KEZ_NEVER_CALLED(DuplicateSoundBuffer, LPDIRECTSOUNDBUFFER, LPDIRECTSOUNDBUFFER*);
+    KEZ_NEVER_CALLED(Compact);
+    KEZ_NEVER_CALLED(GetSpeakerConfig, LPDWORD);
+    KEZ_NEVER_CALLED(SetSpeakerConfig, DWORD);
+    KEZ_NEVER_CALLED(Initialize, const GUID*);
 
 private:
-    static inline const HRESULT no = DSERR_UNSUPPORTED;
-
     class Buffer final : public IDirectSoundBuffer {
     public:
         Buffer(SoundRecorder& owner, std::string ownName, DWORD bytes)
@@ -139,28 +128,17 @@ private:
             return 0;
         }
 
-        // What the module never calls.
-        HRESULT STDMETHODCALLTYPE GetCaps(LPDSBCAPS) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE GetCurrentPosition(LPDWORD, LPDWORD) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE GetFormat(LPWAVEFORMATEX, DWORD, LPDWORD) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE GetVolume(LPLONG) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE GetPan(LPLONG) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE GetFrequency(LPDWORD) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE GetStatus(LPDWORD) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE Initialize(LPDIRECTSOUND, LPCDSBUFFERDESC) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE SetFormat(LPCWAVEFORMATEX) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE SetFrequency(DWORD) override { return no; }
-
-        HRESULT STDMETHODCALLTYPE Restore() override { return no; }
+        KEZ_NEVER_CALLED(GetCaps, LPDSBCAPS);
+        KEZ_NEVER_CALLED(GetCurrentPosition, LPDWORD, LPDWORD);
+        KEZ_NEVER_CALLED(GetFormat, LPWAVEFORMATEX, DWORD, LPDWORD);
+        KEZ_NEVER_CALLED(GetVolume, LPLONG);
+        KEZ_NEVER_CALLED(GetPan, LPLONG);
+        KEZ_NEVER_CALLED(GetFrequency, LPDWORD);
+        KEZ_NEVER_CALLED(GetStatus, LPDWORD);
+        KEZ_NEVER_CALLED(Initialize, LPDIRECTSOUND, LPCDSBUFFERDESC);
+        KEZ_NEVER_CALLED(SetFormat, LPCWAVEFORMATEX);
+        KEZ_NEVER_CALLED(SetFrequency, DWORD);
+        KEZ_NEVER_CALLED(Restore);
 
         const std::string name;
         bool isPlaying = false;
