@@ -321,7 +321,10 @@ def odd_exports(play):
     (place / "g text.txt").write_text("no picture")
     (place / "h directory.jpg").mkdir()
     (place / "i nowhere.jpg").symlink_to("nothing")
-    os.mkfifo(place / "j pipe.bmp")
+    if play.tools.runner: # another system, which does not know pipes among its files
+        (place / "j pipe.bmp").mkdir()
+    else:
+        os.mkfifo(place / "j pipe.bmp")
 
 
 def image_numbers_used(play):
