@@ -5,8 +5,10 @@
 #include "media/resource_archive.h"
 #include "sprites/blit.h"
 #include "sprites/image.h"
+#include "sprites/rectangle.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -29,6 +31,30 @@ struct Shown {
     Surface surface;
     SDL_Rect place;
 };
+
+struct Filled {
+    std::vector<SDL_Rect> strips;
+    std::uint32_t pixel;
+};
+
+// An outline is four strips, inside its box or, with a negative thickness, around it.
+Filled filledBy(const Rectangle& rectangle)
+{
+    const int n = std::abs(rectangle.thickness);
+    const int outside = rectangle.thickness < 0 ? n : 0;
+    const int left = canvasWidth / 2 + rectangle.x - rectangle.width / 2 - outside;
+    const int top = canvasHeight / 2 + rectangle.y - rectangle.height / 2 - outside;
+    const int w = rectangle.width + 2 * outside;
+    const int h = rectangle.height + 2 * outside;
+    const Colour colour = rectangle.colour;
+    Filled filled { {}, redOf(colour) << 16 | greenOf(colour) << 8 | blueOf(colour) };
+    if (n == 0)
+        filled.strips = { { left, top, w, h } };
+    else
+        filled.strips = { { left, top, w, n }, { left, top + h - n, w, n },
+            { left, top + n, n, h - 2 * n }, { left + w - n, top + n, n, h - 2 * n } };
+    return filled;
+}
 
 // What the archive's records of one image mean together. A half turn writes every pixel out, and
 // the second one is undone by reversing.
@@ -74,6 +100,9 @@ public:
             SDL_Rect place = shown.place;
             SDL_BlitSurface(shown.surface.get(), nullptr, canvas_.get(), &place);
         }
+        for (const Filled& filled : filled_)
+            SDL_FillRects(canvas_.get(), filled.strips.data(),
+                static_cast<int>(filled.strips.size()), filled.pixel);
         if (bits_ == 32)
             return;
         SDL_ConvertPixels(canvasWidth, canvasHeight, SDL_PIXELFORMAT_RGB888, canvas_->pixels,
@@ -95,8 +124,12 @@ private:
 
     void take(const Graphic& item)
     {
+        if (!item.visible)
+            return;
+        if (const auto* const rectangle = dynamic_cast<const Rectangle*>(&item))
+            filled_.push_back(filledBy(*rectangle));
         const auto* const image = dynamic_cast<const Image*>(&item);
-        if (image == nullptr || !image->visible)
+        if (image == nullptr)
             return;
         if (auto shown = shownBy(*image))
             shown_.push_back(std::move(*shown));
@@ -106,6 +139,7 @@ private:
     int bits_;
     std::vector<std::uint8_t> display_;
     std::vector<Shown> shown_;
+    std::vector<Filled> filled_;
 };
 
 } // namespace

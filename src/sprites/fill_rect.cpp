@@ -7,6 +7,36 @@
 
 namespace kez {
 
+namespace {
+
+// The sides of frames are narrower than this. A call for each of their rows would cost more than
+// the pixels do.
+constexpr std::size_t narrow = 8;
+
+struct Area {
+    std::uint32_t* pixels;
+    std::ptrdiff_t rowPixels; // from one row to the next
+    std::size_t columns;
+    std::size_t rows;
+};
+
+void fillArea(const Area& area, CanvasPixel pixel)
+{
+    const bool isOpaque = pixel >> 24 == 255;
+    const auto fill = isOpaque ? spanKernels().fill : spanKernels().blendFill;
+    std::uint32_t* to = area.pixels;
+    if (static_cast<std::ptrdiff_t>(area.columns) == area.rowPixels)
+        return fill(to, pixel, area.columns * area.rows);
+    for (std::size_t y = 0; y < area.rows; ++y, to += area.rowPixels) {
+        if (isOpaque && area.columns < narrow)
+            std::fill_n(to, area.columns, pixel);
+        else
+            fill(to, pixel, area.columns);
+    }
+}
+
+} // namespace
+
 void fillRect(
     const CanvasPixels& canvas, int left, int top, int width, int height, CanvasPixel pixel)
 {
@@ -14,17 +44,13 @@ void fillRect(
     const std::int64_t bottom
         = std::min<std::int64_t>(std::int64_t { top } + height, canvas.height);
     const std::int64_t first = std::max(left, 0);
-    if (canvas.pixels == nullptr || first >= right)
-        return;
-    const auto fill = pixel >> 24 == 255 ? fillSpan : blendFillSpan;
     const std::int64_t firstRow = std::max(top, 0);
-    std::uint32_t* const to = canvas.pixels + firstRow * canvas.width + first;
-    const auto columns = static_cast<std::size_t>(right - first);
-    const std::int64_t rows = std::max<std::int64_t>(bottom - firstRow, 0);
-    if (right - first == canvas.width)
-        return fill(to, pixel, columns * static_cast<std::size_t>(rows));
-    for (std::int64_t y = 0; y < rows; ++y)
-        fill(to + y * canvas.width, pixel, columns);
+    if (canvas.pixels == nullptr || first >= right || firstRow >= bottom)
+        return;
+    fillArea(
+        { canvas.pixels + firstRow * canvas.width + first, canvas.width,
+            static_cast<std::size_t>(right - first), static_cast<std::size_t>(bottom - firstRow) },
+        pixel);
 }
 
 } // namespace kez
