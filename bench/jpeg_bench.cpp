@@ -5,11 +5,11 @@
 #include "media/turn_upright.h"
 #include "platform/files.h"
 #include "platform/temporary_folder.h"
+#include "support/plain_jpeg.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
@@ -46,31 +46,6 @@ const test::TemporaryFolder& folder()
 {
     static const test::TemporaryFolder only;
     return only;
-}
-
-void encodeByLibrary(const Bytes& pixels, const Size& size)
-{
-    jpeg_compress_struct info {};
-    jpeg_error_mgr errors {};
-    unsigned char* bytes = nullptr;
-    unsigned long count = 0;
-    info.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&info);
-    jpeg_mem_dest(&info, &bytes, &count);
-    info.image_width = static_cast<JDIMENSION>(size.width);
-    info.image_height = static_cast<JDIMENSION>(size.height);
-    info.input_components = 3;
-    info.in_color_space = JCS_RGB;
-    jpeg_set_defaults(&info);
-    jpeg_start_compress(&info, TRUE);
-    while (info.next_scanline < info.image_height) {
-        auto* row = const_cast<JSAMPROW>(
-            pixels.data() + std::size_t { info.next_scanline } * info.image_width * 3);
-        jpeg_write_scanlines(&info, &row, 1);
-    }
-    jpeg_finish_compress(&info);
-    jpeg_destroy_compress(&info);
-    std::free(bytes);
 }
 
 void decodeByLibrary(const Bytes& file)
@@ -112,7 +87,9 @@ void addSize(const Size& size)
     const auto file = std::make_shared<Bytes>(files::read(path).value_or(Bytes()));
     add("jpeg write " + name + "/kez",
         [path, pixels, size] { writeJpeg(path.c_str(), pixels->data(), size.width, size.height); });
-    add("jpeg write " + name + "/library", [pixels, size] { encodeByLibrary(*pixels, size); });
+    add("jpeg write " + name + "/library", [pixels, size] {
+        static_cast<void>(test::PlainJpeg().file(*pixels, size.width, size.height));
+    });
     add("jpeg read " + name + "/kez", [path] {
         int width = 0;
         int height = 0;

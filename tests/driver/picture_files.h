@@ -3,6 +3,7 @@
 #pragma once
 
 #include "picture.h"
+#include "support/exif_block.h"
 
 #include <functional>
 #include <string>
@@ -43,8 +44,7 @@ struct PngOptions {
 
 [[nodiscard]] std::string pngFile(const Photograph& photograph, const PngOptions& options = {});
 
-/// An EXIF block (a TIFF file in small) with an orientation, in either byte order.
-[[nodiscard]] std::vector<std::uint8_t> exifBlock(int orientation, bool bigEndian = false);
+using kez::test::exifBlock;
 
 [[nodiscard]] Colour colourOf(const Picture& picture, int x, int y);
 

@@ -2,20 +2,18 @@
 #include "media/jpeg_file.h"
 
 #include "fuzz/mutations.h"
-#include "media/diagnostics_log.h"
 #include "platform/files.h"
 #include "platform/temporary_folder.h"
+#include "support/debug_output.h"
+#include "support/plain_jpeg.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <jpeglib.h>
 
 using namespace kez;
 using namespace kez::test;
@@ -23,50 +21,6 @@ using namespace kez::test;
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-// The library by itself, as a measure of ours. Pixels are red, green, blue from the top.
-struct PlainJpeg {
-    int components = 3;
-    J_COLOR_SPACE colours = JCS_RGB;
-    bool isProgressive = false;
-    int orientation = 0; ///< 0: no EXIF block.
-
-    [[nodiscard]] std::string file(const Bytes& pixels, int width, int height) const
-    {
-        jpeg_compress_struct info {};
-        jpeg_error_mgr errors {};
-        unsigned char* bytes = nullptr;
-        unsigned long size = 0;
-        info.err = jpeg_std_error(&errors);
-        jpeg_create_compress(&info);
-        jpeg_mem_dest(&info, &bytes, &size);
-        info.image_width = static_cast<JDIMENSION>(width);
-        info.image_height = static_cast<JDIMENSION>(height);
-        info.input_components = components;
-        info.in_color_space = colours;
-        jpeg_set_defaults(&info);
-        if (isProgressive)
-            jpeg_simple_progression(&info);
-        jpeg_start_compress(&info, TRUE);
-        if (orientation != 0) {
-            const auto value = static_cast<std::uint8_t>(orientation);
-            const std::uint8_t exif[] = { 'E', 'x', 'i', 'f', 0, 0, 'I', 'I', 42, 0, 8, 0, 0, 0, 1,
-                0, 0x12, 1, 3, 0, 1, 0, 0, 0, value, 0, 0, 0 };
-            jpeg_write_marker(&info, JPEG_APP0 + 1, exif, sizeof exif);
-        }
-        while (info.next_scanline < info.image_height) {
-            auto* row = const_cast<JSAMPROW>(pixels.data()
-                + info.next_scanline * info.image_width
-                    * static_cast<unsigned>(info.input_components));
-            jpeg_write_scanlines(&info, &row, 1);
-        }
-        jpeg_finish_compress(&info);
-        jpeg_destroy_compress(&info);
-        std::string text(reinterpret_cast<char*>(bytes), size);
-        std::free(bytes);
-        return text;
-    }
-};
 
 Bytes decodedByLibrary(const std::string& file)
 {
@@ -173,12 +127,12 @@ TEST_F(JpegFiles, tellHowTheCameraWasHeld)
 
 TEST_F(JpegFiles, areRefusedInOtherColours)
 {
-    DiagnosticsLog log;
+    DebugOutput log;
     const Bytes pixels(static_cast<std::size_t>(width * height * 4), 9);
     EXPECT_FALSE(
         reads(PlainJpeg { .components = 1, .colours = JCS_GRAYSCALE }.file(pixels, width, height)));
-    EXPECT_NE(log.text.find("a.jpg"), std::string::npos);
-    EXPECT_NE(log.text.find("YCbCr"), std::string::npos);
+    EXPECT_NE(log.text().find("a.jpg"), std::string::npos);
+    EXPECT_NE(log.text().find("YCbCr"), std::string::npos);
     EXPECT_FALSE(
         reads(PlainJpeg { .components = 4, .colours = JCS_CMYK }.file(pixels, width, height)));
 }
@@ -209,7 +163,7 @@ TEST_F(JpegFiles, areRefusedWhenTheyAreNone)
 // thousands of scans, which is a picture of a few bytes but would take hours.
 TEST_F(JpegFiles, areRefusedWhenTheyAskForTooMuch)
 {
-    DiagnosticsLog log;
+    DebugOutput log;
     std::string file = PlainJpeg().file(fromTop, width, height);
     const std::size_t frame = file.find("\xFF\xC0");
     ASSERT_NE(frame, std::string::npos);
@@ -218,7 +172,7 @@ TEST_F(JpegFiles, areRefusedWhenTheyAskForTooMuch)
         file[at + 1] = static_cast<char>(0xDC);
     }
     EXPECT_FALSE(reads(file));
-    EXPECT_NE(log.text.find("100 megapixels"), std::string::npos);
+    EXPECT_NE(log.text().find("100 megapixels"), std::string::npos);
 
     std::string scans = PlainJpeg { .isProgressive = true }.file(fromTop, width, height);
     const std::size_t last = scans.rfind("\xFF\xDA");
@@ -226,14 +180,14 @@ TEST_F(JpegFiles, areRefusedWhenTheyAskForTooMuch)
     scans.resize(scans.size() - 2);
     for (int i = 0; i < 3000; ++i)
         scans += scan;
-    log.text.clear();
+    log.take();
     EXPECT_FALSE(reads(scans + "\xFF\xD9"));
-    EXPECT_NE(log.text.find("too many scans"), std::string::npos);
+    EXPECT_NE(log.text().find("too many scans"), std::string::npos);
 }
 
 TEST_F(JpegFiles, leaveTheOldFileWhenWritingFails)
 {
-    DiagnosticsLog log;
+    DebugOutput log;
     folder.put("a.jpg", "old");
     const std::string path = folder / "a.jpg";
     const Bytes large(640 * 480 * 3, 77);
@@ -245,7 +199,7 @@ TEST_F(JpegFiles, leaveTheOldFileWhenWritingFails)
     }
     EXPECT_EQ(folder.get("a.jpg"), "old");
     EXPECT_EQ(folder.names(), std::vector<std::string> { "a.jpg" });
-    EXPECT_NE(log.text.find(path), std::string::npos);
+    EXPECT_NE(log.text().find(path), std::string::npos);
     EXPECT_EQ(writeJpeg((folder / "no/such.jpg").c_str(), picture.data(), width, height), 0);
     EXPECT_EQ(writeJpeg(path.c_str(), picture.data(), 0, height), 0);
     EXPECT_EQ(writeJpeg(path.c_str(), large.data(), 70'000, 1), 0) << "wider than a JPEG can be";
