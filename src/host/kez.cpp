@@ -13,6 +13,7 @@
 #include "display/stage.h"
 #include "host/pacing.h"
 #include "host/scenes.h"
+#include "host/song.h"
 #include "input/events.h"
 #include "input/window_hook.h"
 #include "media/camera.h"
@@ -32,7 +33,7 @@ HWND hostWindow = nullptr;
 
 constexpr char archivePath[] = "data\\kez.wad";
 
-Sound song("kezsong");
+Sound song(songName);
 
 // For hosts that show in writing what the guide says.
 void tellHostOfClip(int clipId, unsigned durationMs)

@@ -10,7 +10,7 @@
 ///                   X ≠ 255: sample = X; emit it
 ///                   X = 255: the next two codes make a count; emit the sample that many times
 ///
-/// With table[0] = +2 and table[1] = −2 the bytes 0x01 0xF4 0x0F 0xF0 0x31 decode, behind the first
+/// With table[0] = +2 and table[1] = −2 the bytes 0x01 0xF4 0x0F 0xFF 0x03 0x1… decode, behind the first
 /// 128, to 130 128 64 64 64 64 62.
 #pragma once
 
