@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
 # The zip: unpacked anywhere, kez-player.exe starts by a double click. What is needed for that lies at
 # the top; `host` has what a host author links, `licences` the terms of what is linked in.
-set(KEZ_NATIVE_BIN ${PROJECT_SOURCE_DIR}/build/release/bin CACHE PATH "Where a native build lies")
 
 install(TARGETS kez-player kez qxdcdll RUNTIME DESTINATION . LIBRARY DESTINATION .
         ARCHIVE DESTINATION host)

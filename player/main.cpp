@@ -51,6 +51,7 @@ ExitCode callDoctor(const Options& options, const Places& places)
 
 int main(int count, char** arguments)
 {
+    kez::desktop::useConsoleOfCaller();
     const Usage usage = readOptions(count, arguments, usualOptions(), std::cout, std::cerr);
     if (!usage.start)
         return static_cast<int>(usage.exitCode);

@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
 # What only the Windows library has: its resources, and import libraries for hosts of both compilers.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-enable_language(RC)
 
 set(resources ${CMAKE_CURRENT_BINARY_DIR}/resources)
 set(drawings ${PROJECT_SOURCE_DIR}/content/pointers)

@@ -24,6 +24,10 @@ namespace kez::desktop {
 /// the machine allows, and the same way each time. On Windows nothing changes: time is real there.
 void useScriptClock(unsigned start = 1000);
 
+/// A windowed program that was started from a console on Windows writes there, unless its output
+/// goes elsewhere already. On Linux every program does.
+void useConsoleOfCaller();
+
 /// `OutputDebugStringA` writes to standard error as well, or stops to.
 void showDebugOutput(bool shown);
 

@@ -88,6 +88,8 @@ void useScriptClock(unsigned start)
     winapi::useScriptClock(start);
 }
 
+void useConsoleOfCaller() { }
+
 void showDebugOutput(bool shown)
 {
     winapi::showDebugOutput(shown);

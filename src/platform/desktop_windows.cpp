@@ -53,6 +53,18 @@ std::string programDirectory()
 
 void useScriptClock(unsigned) { } // time is real on Windows
 
+void useConsoleOfCaller()
+{
+    const bool isTaken = GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) != FILE_TYPE_UNKNOWN
+        || GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN;
+    if (isTaken || !AttachConsole(ATTACH_PARENT_PROCESS))
+        return;
+    for (std::FILE* stream : { stdout, stderr }) {
+        if (std::freopen("CONOUT$", "w", stream) != nullptr)
+            std::setvbuf(stream, nullptr, _IONBF, 0);
+    }
+}
+
 void showDebugOutput(bool shown)
 {
     static void* handler = nullptr;
