@@ -71,6 +71,11 @@ void fill(Picture& page, const RECT& area, std::uint32_t colour)
         std::fill_n(&page.at(area.left, y), area.right - area.left, colour);
 }
 
+Picture readSheet(const std::string& artwork, const std::string& name)
+{
+    return readPng(artwork + '\\' + name).value_or(Picture {});
+}
+
 // As large as the frame allows, in its middle.
 void layInFrame(Picture& page, const Picture& picture)
 {
@@ -91,11 +96,12 @@ void layInFrame(Picture& page, const Picture& picture)
 } // namespace
 
 Desk::Desk(const std::string& artwork)
-    : backdrop_(readPng(artwork + "\\desk.png").value_or(Picture {}))
+    : backdrop_(readSheet(artwork, "desk.png"))
+    , guideWaits_(readSheet(artwork, "desk_waiting.png"))
+    , guideIsGlad_(readSheet(artwork, "desk_glad.png"))
 {
-    std::ranges::transform(buttons, lit_.begin(), [&](const Button& button) {
-        return readPng(artwork + "\\" + button.sheet).value_or(Picture {});
-    });
+    std::ranges::transform(buttons, lit_.begin(),
+        [&](const Button& button) { return readSheet(artwork, button.sheet); });
 }
 
 void Desk::setNotes(const std::string& notes)
@@ -170,6 +176,7 @@ Picture Desk::draw(IDirectDrawSurface& paper) const
 void Desk::drawSheets(Picture& page) const
 {
     overlay(page, backdrop_);
+    overlay(page, handedBack_.picture.empty() ? guideWaits_ : guideIsGlad_);
     for (std::size_t i = 0; i < deskChoices; ++i) {
         const bool isLit = chosen_ == i;
         if (isLit && !lit_[i].empty())

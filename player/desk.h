@@ -48,6 +48,8 @@ private:
     void writeTexts(HDC context) const;
 
     Picture backdrop_;
+    Picture guideWaits_; // With an empty frame; else the next.
+    Picture guideIsGlad_;
     std::array<Picture, deskChoices> lit_;
     HandedBack handedBack_;
     std::string notes_;
