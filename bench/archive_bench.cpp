@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Opening an archive: the compressed stream beside LZ4, zlib and a copy on the same bytes, and the
-// whole of `open` with a lookup. Bytes are drawn like sprites, or are our own content if it is
-// made.
+// Opening an archive: the compressed stream beside LZ4, libdeflate, zlib and a copy on the same
+// bytes, and the whole of `open` with a lookup. Bytes are drawn like sprites, or are our own
+// content if it is made.
 #include "media/archive_block.h"
 #include "media/dif1.h"
 #include "media/resource_archive.h"
@@ -9,12 +9,14 @@
 #include "tools/dif1_encoder.h"
 
 #include <benchmark/benchmark.h>
+#include <libdeflate.h>
 #include <lz4.h>
 #include <lz4hc.h>
 #include <zlib.h>
 
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -71,6 +73,20 @@ void add(const std::string& name, std::size_t packed, const Bytes& plain, auto&&
     });
 }
 
+void addLz4(const std::string& name, const Bytes& plain, auto&& pack)
+{
+    const auto size = static_cast<int>(plain.size());
+    Bytes packed(static_cast<std::size_t>(LZ4_compressBound(size)));
+    packed.resize(static_cast<std::size_t>(pack(reinterpret_cast<const char*>(plain.data()),
+        reinterpret_cast<char*>(packed.data()), size, static_cast<int>(packed.size()))));
+    add(name, packed.size(), plain, [packed](Bytes& block) {
+        return LZ4_decompress_safe(reinterpret_cast<const char*>(packed.data()),
+                   reinterpret_cast<char*>(block.data()), static_cast<int>(packed.size()),
+                   static_cast<int>(block.size()))
+            >= 0;
+    });
+}
+
 void addUnpacking(const std::string& name, const Bytes& plain)
 {
     add(name + "/memcpy", plain.size(), plain, [plain](Bytes& block) {
@@ -81,15 +97,11 @@ void addUnpacking(const std::string& name, const Bytes& plain)
     add(name + "/kez", dif1.size(), plain,
         [dif1](Bytes& block) { return expandDif1(dif1, block) == nullptr; });
 
-    Bytes lz4(static_cast<std::size_t>(LZ4_compressBound(static_cast<int>(plain.size()))));
-    lz4.resize(static_cast<std::size_t>(LZ4_compress_HC(reinterpret_cast<const char*>(plain.data()),
-        reinterpret_cast<char*>(lz4.data()), static_cast<int>(plain.size()),
-        static_cast<int>(lz4.size()), LZ4HC_CLEVEL_MAX)));
-    add(name + "/LZ4", lz4.size(), plain, [lz4](Bytes& block) {
-        return LZ4_decompress_safe(reinterpret_cast<const char*>(lz4.data()),
-                   reinterpret_cast<char*>(block.data()), static_cast<int>(lz4.size()),
-                   static_cast<int>(block.size()))
-            >= 0;
+    addLz4(name + "/LZ4", plain, [](const char* from, char* to, int size, int room) {
+        return LZ4_compress_default(from, to, size, room);
+    });
+    addLz4(name + "/LZ4_high", plain, [](const char* from, char* to, int size, int room) {
+        return LZ4_compress_HC(from, to, size, room, LZ4HC_CLEVEL_MAX);
     });
 
     uLongf zlibSize = compressBound(static_cast<uLong>(plain.size()));
@@ -101,11 +113,18 @@ void addUnpacking(const std::string& name, const Bytes& plain)
         return uncompress(block.data(), &size, zlib.data(), static_cast<uLong>(zlib.size()))
             == Z_OK;
     });
+    const std::shared_ptr<libdeflate_decompressor> decompressor(
+        libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
+    add(name + "/libdeflate", zlib.size(), plain, [zlib, decompressor](Bytes& block) {
+        return libdeflate_zlib_decompress(decompressor.get(), zlib.data(), zlib.size(),
+                   block.data(), block.size(), nullptr)
+            == LIBDEFLATE_SUCCESS;
+    });
 }
 
 void addOpening(const std::string& path)
 {
-    benchmark::RegisterBenchmark("archive open and find/kez", [path](benchmark::State& state) {
+    benchmark::RegisterBenchmark("archive/open_and_find/kez", [path](benchmark::State& state) {
         for (auto pass : state) {
             static_cast<void>(pass);
             ResourceArchive archive(path.c_str(), nullptr);
@@ -116,12 +135,12 @@ void addOpening(const std::string& path)
 
 const bool added = [] {
     constexpr std::size_t fourMiB = 4u << 20;
-    addUnpacking("archive unpack 4 MiB", spriteLikeBytes(fourMiB));
+    addUnpacking("unpack/4MiB", spriteLikeBytes(fourMiB));
     const std::string content = KEZ_BENCH_ARCHIVE;
     if (files::exists(content)) {
         const ArchiveBlock archive = readArchiveBlock(content);
-        addUnpacking("archive unpack our content",
-            Bytes(archive.block.bytes().begin(), archive.block.bytes().end()));
+        addUnpacking(
+            "unpack/content", Bytes(archive.block.bytes().begin(), archive.block.bytes().end()));
         addOpening(content);
     }
     return true;

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-// JPEG files both ways beside the library by itself, which keeps one row at a time and writes to
-// memory: a picture as it is exported, and a photograph of 12 megapixels; and turning it upright.
+// JPEG files both ways beside the library by itself on the same files, keeping one row at a time: a
+// picture as it is exported, and photographs of 3 and 12 megapixels; and turning these upright.
 #include "media/jpeg_file.h"
 #include "media/turn_upright.h"
-#include "platform/files.h"
+#include "opencv_peers.h"
 #include "platform/temporary_folder.h"
-#include "support/plain_jpeg.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -27,7 +29,7 @@ struct Size {
     int height;
 };
 
-constexpr Size sizes[] = { { 320, 240 }, { 4000, 3000 } };
+constexpr Size sizes[] = { { 320, 240 }, { 2048, 1536 }, { 4000, 3000 } };
 
 // Soft areas with a little noise, as photographs have.
 Bytes photograph(const Size& size)
@@ -48,13 +50,38 @@ const test::TemporaryFolder& folder()
     return only;
 }
 
-void decodeByLibrary(const Bytes& file)
+void encodeByLibrary(const std::string& path, const Bytes& pixels, const Size& size)
+{
+    jpeg_compress_struct info {};
+    jpeg_error_mgr errors {};
+    info.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&info);
+    std::FILE* const file = std::fopen(path.c_str(), "wb");
+    jpeg_stdio_dest(&info, file);
+    info.image_width = static_cast<JDIMENSION>(size.width);
+    info.image_height = static_cast<JDIMENSION>(size.height);
+    info.input_components = 3;
+    info.in_color_space = JCS_RGB;
+    jpeg_set_defaults(&info);
+    jpeg_start_compress(&info, TRUE);
+    while (info.next_scanline < info.image_height) {
+        auto* row = const_cast<JSAMPROW>(
+            pixels.data() + std::size_t { info.next_scanline } * info.image_width * 3);
+        jpeg_write_scanlines(&info, &row, 1);
+    }
+    jpeg_finish_compress(&info);
+    jpeg_destroy_compress(&info);
+    std::fclose(file);
+}
+
+void decodeByLibrary(const std::string& path)
 {
     jpeg_decompress_struct info {};
     jpeg_error_mgr errors {};
     info.err = jpeg_std_error(&errors);
     jpeg_create_decompress(&info);
-    jpeg_mem_src(&info, file.data(), static_cast<unsigned long>(file.size()));
+    std::FILE* const file = std::fopen(path.c_str(), "rb");
+    jpeg_stdio_src(&info, file);
     jpeg_read_header(&info, TRUE);
     jpeg_start_decompress(&info);
     Bytes row(std::size_t { info.output_width } * 3);
@@ -64,6 +91,7 @@ void decodeByLibrary(const Bytes& file)
     }
     jpeg_finish_decompress(&info);
     jpeg_destroy_decompress(&info);
+    std::fclose(file);
 }
 
 void add(const std::string& name, auto&& pass)
@@ -74,7 +102,7 @@ void add(const std::string& name, auto&& pass)
             pass();
             benchmark::ClobberMemory();
         }
-    })->Unit(benchmark::kMillisecond);
+    });
 }
 
 void addSize(const Size& size)
@@ -84,23 +112,28 @@ void addSize(const Size& size)
     const auto pixels = std::make_shared<Bytes>(photograph(size));
     if (writeJpeg(path.c_str(), pixels->data(), size.width, size.height) != 1)
         std::abort();
-    const auto file = std::make_shared<Bytes>(files::read(path).value_or(Bytes()));
-    add("jpeg write " + name + "/kez",
+    const std::string otherPath = folder() / (name + "_library.jpg");
+    add("jpeg/write_" + name + "/kez",
         [path, pixels, size] { writeJpeg(path.c_str(), pixels->data(), size.width, size.height); });
-    add("jpeg write " + name + "/library", [pixels, size] {
-        static_cast<void>(test::PlainJpeg().file(*pixels, size.width, size.height));
-    });
-    add("jpeg read " + name + "/kez", [path] {
+    add("jpeg/write_" + name + "/library",
+        [otherPath, pixels, size] { encodeByLibrary(otherPath, *pixels, size); });
+    add("jpeg/read_" + name + "/kez", [path] {
         int width = 0;
         int height = 0;
         benchmark::DoNotOptimize(readJpeg(path.c_str(), &width, &height));
         freeJpegPixels();
     });
-    add("jpeg read " + name + "/library", [file] { decodeByLibrary(*file); });
-    add("jpeg turn " + name + "/kez", [pixels, size] {
+    add("jpeg/read_" + name + "/library", [path] { decodeByLibrary(path); });
+    add("jpeg/turn_" + name + "/kez", [pixels, size] {
         Size turned = size;
         turnUpright(pixels->data(), turned.width, turned.height, 6);
     });
+    const auto target = std::make_shared<Bytes>(pixels->size());
+    add("jpeg/turn_" + name + "/OpenCV", [pixels, target, size] {
+        turnByOpenCv(pixels->data(), { size.width, size.height }, target->data());
+    });
+    add("jpeg/turn_" + name + "/memcpy",
+        [pixels, target] { std::memcpy(target->data(), pixels->data(), pixels->size()); });
 }
 
 const bool added = [] {

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
-// The delta code beside libsndfile's IMA ADPCM on the same sound, and the guide's clips loaded one
-// after the other.
+// The delta code beside SDL2's and libsndfile's IMA ADPCM, ten seconds each, and the guide's clips
+// loaded one after the other.
 #include "media/delta4.h"
+#include "media/plain_delta4.h"
 #include "media/sound.h"
 #include "media/sound_record.h"
 #include "platform/files.h"
 
+#include <SDL.h>
 #include <benchmark/benchmark.h>
 #include <sndfile.h>
 
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -23,29 +24,39 @@ namespace {
 constexpr int rate = 22050;
 constexpr std::size_t length = 10 * rate;
 
-// Codes as speech has them: mostly steps, now and then an escape or a run.
-std::vector<std::uint8_t> deltaStream()
+using Bytes = std::vector<std::uint8_t>;
+
+// The song, of which ten seconds are decoded.
+Bytes deltaStream()
 {
-    std::vector<std::uint8_t> stream { 0, 1, 255, 2, 254, 4, 252, 7, 249, 12, 244, 20, 236, 40, 216,
-        0 };
-    std::mt19937 random(1);
-    while (stream.size() < delta4TableSize + length / 2)
-        stream.push_back(
-            static_cast<std::uint8_t>(random() % 40 == 0 ? random() : random() % 15 * 17));
-    return stream;
+    const auto record = files::read(std::string(KEZ_BENCH_CONTENT) + "/audio/kezsong.wv5");
+    const auto header = record ? readSoundHeader(*record) : std::nullopt;
+    if (!header || header->sampleLength < length)
+        return {};
+    const auto stream = soundBlock(*record, *header);
+    return stream ? Bytes(stream->begin(), stream->end()) : Bytes();
 }
 
 void expandDelta(benchmark::State& state)
 {
-    const std::vector<std::uint8_t> stream = deltaStream();
-    std::vector<std::uint8_t> samples(length);
+    const Bytes stream = deltaStream();
+    Bytes samples(length);
+    Bytes expected(length);
+    if (stream.empty()) {
+        state.SkipWithError("the song has not been made");
+        return;
+    }
+    expandDelta4(stream, samples);
+    test::plainlyExpandDelta4(stream, expected);
+    if (samples != expected) {
+        state.SkipWithError("does not give what the rule says");
+        return;
+    }
     for (auto pass : state) {
         static_cast<void>(pass);
         expandDelta4(stream, samples);
-        benchmark::DoNotOptimize(samples.data());
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * length));
 }
 
 std::string adpcmFile()
@@ -64,6 +75,38 @@ std::string adpcmFile()
     return path;
 }
 
+void expandAdpcmBySdl(benchmark::State& state)
+{
+    const std::string path = adpcmFile();
+    const Bytes file = files::read(path).value_or(Bytes());
+    for (auto pass : state) {
+        static_cast<void>(pass);
+        SDL_AudioSpec form;
+        Uint8* samples = nullptr;
+        Uint32 bytes = 0;
+        if (SDL_LoadWAV_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1, &form,
+                &samples, &bytes)
+            == nullptr)
+            state.SkipWithError(SDL_GetError());
+        SDL_FreeWAV(samples);
+    }
+    std::remove(path.c_str());
+}
+
+// Code by code, as it is stated.
+void expandNibbles(benchmark::State& state)
+{
+    const Bytes stream = deltaStream();
+    Bytes samples(length);
+    if (stream.empty())
+        state.SkipWithError("the song has not been made");
+    for (auto pass : state) {
+        static_cast<void>(pass);
+        test::plainlyExpandDelta4(stream, samples);
+        benchmark::ClobberMemory();
+    }
+}
+
 void expandAdpcm(benchmark::State& state)
 {
     const std::string path = adpcmFile();
@@ -76,7 +119,6 @@ void expandAdpcm(benchmark::State& state)
         sf_read_short(file, samples.data(), static_cast<sf_count_t>(length));
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * length));
     sf_close(file);
     std::remove(path.c_str());
 }
@@ -115,9 +157,11 @@ void loadAllClips(benchmark::State& state)
     std::filesystem::current_path(former);
 }
 
-BENCHMARK(expandDelta)->Name("sound/4-bit delta/kez");
-BENCHMARK(expandAdpcm)->Name("sound/4-bit ima adpcm/libsndfile");
-BENCHMARK(loadAllClips)->Name("sound/load 29 clips/kez")->Unit(benchmark::kMillisecond);
+BENCHMARK(expandDelta)->Name("sound/10s/kez");
+BENCHMARK(expandNibbles)->Name("sound/10s/nibble_loop");
+BENCHMARK(expandAdpcmBySdl)->Name("sound/10s/SDL2_ADPCM");
+BENCHMARK(expandAdpcm)->Name("sound/10s/libsndfile_ADPCM");
+BENCHMARK(loadAllClips)->Name("sound/load_29_clips/kez");
 
 } // namespace
 

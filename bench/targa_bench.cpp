@@ -36,7 +36,7 @@ struct Sample {
 // Neighbours of a photograph are alike but seldom equal.
 Sample photograph(int width, int height)
 {
-    Sample sample { "photo " + std::to_string(width) + "x" + std::to_string(height), width, height,
+    Sample sample { "photo_" + std::to_string(width) + "x" + std::to_string(height), width, height,
         {} };
     std::mt19937 random(1);
     for (int y = 0; y < height; ++y)
@@ -50,7 +50,7 @@ Sample photograph(int width, int height)
 // A drawing has lines and areas of one colour: runs of every length.
 Sample drawing(int width, int height)
 {
-    Sample sample { "drawing " + std::to_string(width) + "x" + std::to_string(height), width,
+    Sample sample { "drawing_" + std::to_string(width) + "x" + std::to_string(height), width,
         height, {} };
     std::mt19937 random(2);
     std::array<std::uint8_t, 3> colour {};
@@ -110,7 +110,7 @@ bool decodes(const Bytes& file, const Sample& sample)
 void addReading(const Sample& sample, bool runLength)
 {
     const std::string name
-        = std::string("targa read ") + (runLength ? "runs " : "plain ") + sample.name;
+        = std::string("targa/read_") + (runLength ? "runs_" : "plain_") + sample.name;
     const Bytes file = targaOf(sample, runLength);
     if (!decodes(file, sample))
         std::abort();
@@ -133,13 +133,13 @@ void addReading(const Sample& sample, bool runLength)
 void addPacking(const Sample& sample)
 {
     const auto packets = std::make_shared<Bytes>(sample.rowBytes() * 2);
-    add("targa pack rows " + sample.name + "/kez", sample.pixels.size(), [sample, packets] {
+    add("targa/pack_" + sample.name + "/kez", sample.pixels.size(), [sample, packets] {
         std::size_t size = 0;
         for (std::size_t at = 0; at < sample.pixels.size(); at += sample.rowBytes())
             size += packTargaRow(std::span(sample.pixels).subspan(at, sample.rowBytes()), *packets);
         return size != 0;
     });
-    addMemcpy("targa pack rows " + sample.name, sample);
+    addMemcpy("targa/pack_" + sample.name, sample);
 }
 
 // One folder for all of a program's files, gone with the program.
@@ -151,7 +151,7 @@ const test::TemporaryFolder& folder()
 
 void addFiles(const Sample& sample, bool runLength)
 {
-    const std::string kind = std::string(runLength ? "runs " : "plain ") + sample.name;
+    const std::string kind = std::string(runLength ? "runs_" : "plain_") + sample.name;
     const std::string path = folder() / (kind + ".tga");
     const std::string barePath = folder() / (kind + ".raw");
     const auto writeTarga = [sample, path, runLength] {
@@ -163,15 +163,15 @@ void addFiles(const Sample& sample, bool runLength)
     const auto writeBare = [sample, barePath] { return files::write(barePath, sample.pixels); };
     if (!writeTarga() || !writeBare())
         std::abort();
-    add("targa file write " + kind + "/kez", sample.pixels.size(), writeTarga);
-    add("targa file write " + kind + "/bare pixels", sample.pixels.size(), writeBare);
-    add("targa file read " + kind + "/kez", sample.pixels.size(),
+    add("targa/file_write_" + kind + "/kez", sample.pixels.size(), writeTarga);
+    add("targa/file_write_" + kind + "/bare_pixels", sample.pixels.size(), writeBare);
+    add("targa/file_read_" + kind + "/kez", sample.pixels.size(),
         [path] { return TargaFile(path.c_str()).read(nullptr, nullptr) != nullptr; });
     const auto target = std::make_shared<Bytes>(sample.pixels.size());
-    add("targa file read " + kind + "/bare pixels", sample.pixels.size(),
+    add("targa/file_read_" + kind + "/bare_pixels", sample.pixels.size(),
         [barePath, target] { return files::readAt(barePath, 0, *target); });
 #ifdef KEZ_BENCH_SDL_IMAGE
-    add("targa file read " + kind + "/SDL_image", sample.pixels.size(), [path] {
+    add("targa/file_read_" + kind + "/SDL_image", sample.pixels.size(), [path] {
         SDL_Surface* surface = IMG_Load(path.c_str());
         SDL_FreeSurface(surface);
         return surface != nullptr;

@@ -18,6 +18,7 @@ packages_windows=(
 )
 packages_bench=(
     libbenchmark-dev libpixman-1-dev libsdl2-image-dev liblz4-dev libyuv-dev
+    libdeflate-dev libswscale-dev libopencv-imgproc-dev
 )
 packages_fuzz=(
     clang libclang-rt-14-dev

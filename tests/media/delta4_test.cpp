@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/delta4.h"
 
+#include "media/plain_delta4.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,38 +20,10 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::uint8_t untouched = 0xA5;
 
-// A code at a time, without any thought of speed; no code is begun past either end.
 Bytes plainlyDecoded(const Bytes& stream, std::size_t length)
 {
-    Bytes codes;
-    for (std::size_t i = delta4TableSize; i < stream.size(); ++i) {
-        codes.push_back(stream[i] >> 4);
-        codes.push_back(stream[i] & 15);
-    }
-    Bytes out { 128 };
-    int sample = 128;
-    std::size_t at = 0;
-    const auto byteAt = [&](std::size_t place) { return codes[place] * 16 + codes[place + 1]; };
-    while (at < codes.size() && out.size() < length) {
-        int times = 1;
-        if (codes[at] < 15) {
-            sample += static_cast<std::int8_t>(stream[codes[at]]);
-            sample = std::min(std::max(sample, 0), 255);
-            at += 1;
-        } else if (at + 3 > codes.size()) {
-            break;
-        } else if (byteAt(at + 1) < 255) {
-            sample = byteAt(at + 1);
-            at += 3;
-        } else if (at + 5 > codes.size()) {
-            break;
-        } else {
-            times = byteAt(at + 3);
-            at += 5;
-        }
-        out.insert(out.end(), static_cast<std::size_t>(times), static_cast<std::uint8_t>(sample));
-    }
-    out.resize(length, 128);
+    Bytes out(length);
+    kez::test::plainlyExpandDelta4(stream, out);
     return out;
 }
 
