@@ -21,6 +21,6 @@ constexpr DWORD pixelColour(DWORD red, DWORD green, DWORD blue)
 constexpr DWORD selectedFrame = graphicColour(16, 110, 230);
 constexpr DWORD labelText = graphicColour(75, 46, 62);
 constexpr DWORD emptyCell = pixelColour(234, 223, 198);
-constexpr DWORD bookFrame = graphicColour(150, 104, 66);
+constexpr DWORD bookFrame = graphicColour(178, 132, 86);
 
 } // namespace kez::player
