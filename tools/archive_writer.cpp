@@ -2,6 +2,7 @@
 #include "archive_writer.h"
 
 #include "dif1_encoder.h"
+#include "media/dif1.h"
 #include "platform/files.h"
 #include "progress.h"
 #include "user_error.h"
@@ -23,10 +24,12 @@ ArchiveSize writeArchive(const std::string& path,
         Progress progress("compressing " + path);
         const std::size_t size = bytes.size();
         auto compressed
-            = compressArchive(std::move(bytes), [&](std::size_t done) { progress.at(done, size); });
+            = compressArchive(bytes, [&](std::size_t done) { progress.at(done, size); });
         if (!compressed)
             throw UserError(path + ": too large to be compressed; use --raw");
-        bytes = std::move(*compressed);
+        // Noise grows in the code; readers take either form.
+        if (compressed->size() < bytes.size() || isDif1(bytes))
+            bytes = std::move(*compressed);
     }
     if (!files::write(path, bytes))
         throw UserError(path + ": the file cannot be written; is there room and the right to?");

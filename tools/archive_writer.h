@@ -16,7 +16,8 @@ struct ArchiveSize {
     std::size_t unpacked = 0;
 };
 
-/// Writes the records in their order, whole or not at all. Throws UserError.
+/// Writes the records in their order, whole or not at all; not compressed if that is shorter.
+/// Throws UserError.
 ArchiveSize writeArchive(const std::string& path,
     const std::vector<std::vector<std::uint8_t>>& records, ArchiveForm form);
 

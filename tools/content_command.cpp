@@ -23,25 +23,45 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using Records = std::vector<std::vector<std::uint8_t>>;
+
 struct ContentOptions {
     std::string folder;
     std::string out;
     std::string over;
 };
 
+constexpr const char* archivePath = "data/kez.wad";
+
+void makeFolder(const fs::path& path)
+{
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (error)
+        throw UserError(path.string() + ": the folder cannot be made (" + error.message() + ")");
+}
+
+void copyFile(const fs::path& from, const fs::path& to)
+{
+    if (!files::copy(from.string(), to.string()))
+        throw UserError(to.string()
+            + ": the file cannot be written; is there room and the right "
+              "to?");
+}
+
 // Files of the one folder come over those of the other, with the folders below it.
 void copyOver(const fs::path& from, const fs::path& to)
 {
     if (!fs::is_directory(from))
         return;
-    std::error_code error;
-    fs::create_directories(to, error);
-    if (!error)
-        fs::copy(
-            from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
-    if (error)
-        throw UserError(to.string() + ": the files of " + from.string()
-            + " cannot be copied there (" + error.message() + "); is there room and the right to?");
+    makeFolder(to);
+    for (const auto& entry : fs::directory_iterator(from)) {
+        const fs::path target = to / entry.path().filename();
+        if (entry.is_directory())
+            copyOver(entry.path(), target);
+        else if (entry.is_regular_file() && !target.generic_string().ends_with(archivePath))
+            copyFile(entry.path(), target);
+    }
 }
 
 class ContentMaker {
@@ -57,7 +77,9 @@ public:
     {
         if (fs::exists(out_) && fs::exists(folder_) && fs::equivalent(out_, folder_))
             throw UserError(out_.string() + ": it is the artist's own folder; name another one");
+        // All that can be refused is, before anything is written.
         const PackedFolder packed = packFolder(folder_.string());
+        const Records records = completed(packed.records);
         for (const std::string& remark : packed.remarks)
             std::printf("%s\n", remark.c_str());
         if (!over_.empty())
@@ -65,7 +87,11 @@ public:
                 copyOver(over_ / part, out_ / part);
         copyOver(folder_ / "data", out_ / "data");
         makeSounds();
-        writePictures(packed);
+        makeFolder(out_ / "data");
+        const std::string archive = (out_ / archivePath).string();
+        const ArchiveSize size = writeArchive(archive, records, ArchiveForm::Compressed);
+        std::printf("%s: %zu pictures of %s, %zu records, %zu bytes\n", archive.c_str(),
+            packed.items, folder_.string().c_str(), records.size(), size.file);
     }
 
 private:
@@ -75,21 +101,21 @@ private:
         const fs::path encoded = out_ / "encoded";
         if (!fs::is_directory(folder_ / "audio"))
             return;
-        fs::create_directories(encoded);
-        fs::create_directories(out_ / "audio");
+        makeFolder(encoded);
+        makeFolder(out_ / "audio");
         for (const auto& file : fs::directory_iterator(folder_ / "audio")) {
             const fs::path& path = file.path();
             if (!file.is_regular_file())
                 continue;
             if (path.extension() != ".wav") {
-                place(path, path.filename());
+                copyFile(path, out_ / "audio" / path.filename());
                 continue;
             }
             const std::string name = path.stem().string() + ".wv5";
             if (!fs::exists(encoded / name)
                 || fs::last_write_time(encoded / name) <= fs::last_write_time(path))
                 encode(path, encoded / name);
-            place(encoded / name, name);
+            copyFile(encoded / name, out_ / "audio" / name);
         }
     }
 
@@ -104,32 +130,20 @@ private:
         std::printf("%s\n", encodeSound(job).c_str());
     }
 
-    void place(const fs::path& from, const fs::path& name) const
+    // The artist's records, and those of the complete content whose names they do not have.
+    [[nodiscard]] Records completed(Records records) const
     {
-        const fs::path to = out_ / "audio" / name;
-        if (!files::copy(from.string(), to.string()))
-            throw UserError(to.string() + ": the file cannot be written; is there room?");
-    }
-
-    void writePictures(const PackedFolder& packed) const
-    {
-        std::vector<std::vector<std::uint8_t>> records = packed.records;
+        if (over_.empty())
+            return records;
         std::set<std::string> own;
         for (auto& record : records)
             for (const ArchiveRecord& each : listRecords(record).records)
                 own.insert(normalisedRecordName(each.name));
-        if (!over_.empty()) {
-            const OpenArchive base = openArchive((over_ / "data" / "kez.wad").string());
-            for (const ArchiveRecord& each : base.list.records)
-                if (!own.contains(normalisedRecordName(each.name)))
-                    records.emplace_back(each.bytes.begin(), each.bytes.end());
-        }
-        const fs::path data = out_ / "data";
-        fs::create_directories(data);
-        const std::string archive = (data / "kez.wad").string();
-        const ArchiveSize size = writeArchive(archive, records, ArchiveForm::Compressed);
-        std::printf("%s: %zu pictures of %s, %zu records, %zu bytes\n", archive.c_str(),
-            packed.items, folder_.string().c_str(), records.size(), size.file);
+        const OpenArchive base = openArchive((over_ / archivePath).string());
+        for (const ArchiveRecord& each : base.list.records)
+            if (!own.contains(normalisedRecordName(each.name)))
+                records.emplace_back(each.bytes.begin(), each.bytes.end());
+        return records;
     }
 
     fs::path folder_;

@@ -5,7 +5,8 @@
 /// Positions whose first two bytes are equal are kept in a binary tree, sorted by the 255 bytes
 /// that follow, the newest at the root. One walk down from the root meets the longest match and
 /// puts the new position in. Half a MiB of memory for the trees and a quarter for their roots; a
-/// walk is as long as the tree is deep, which is a few dozen steps but for bytes made to defy it.
+/// walk is as long as the tree is deep, which is a few dozen steps; bytes made to defy it take up
+/// to half a minute a megabyte.
 #pragma once
 
 #include <cstddef>

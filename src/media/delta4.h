@@ -10,8 +10,8 @@
 ///                   X ≠ 255: sample = X; emit it
 ///                   X = 255: the next two codes make a count; emit the sample that many times
 ///
-/// With table[0] = +2 and table[1] = −2 the bytes 0x01 0xF4 0x0F 0xFF 0x03 0x1… decode, behind the first
-/// 128, to 130 128 64 64 64 64 62.
+/// With table[0] = +2 and table[1] = −2 the bytes 0x01 0xF4 0x0F 0xFF 0x03 0x1… decode, behind the
+/// first 128, to 130 128 64 64 64 64 62.
 #pragma once
 
 #include <cstdint>
