@@ -16,10 +16,10 @@ struct CameraSlot {
 
 constexpr int slotCount = 20;
 
-[[nodiscard]] CameraSlot& cameraSlot(int index);
+[[nodiscard]] CameraSlot& cameraSlot(int index); ///< 0 to `slotCount` − 1.
 [[nodiscard]] int picturesTaken(); ///< Slots that hold a picture.
 
-inline bool unsavedPictures = false;
+inline bool unsavedPictures = false; ///< Some taken picture is not on disk under its own name.
 inline bool hasRoomNow = false; ///< The last test of the disk budget succeeded.
 inline bool retestRoom = false; ///< The camera screen is to test it once more.
 
@@ -29,8 +29,9 @@ void resetSlots(); ///< Empties all and reserves a free number for each.
 /// are full. The slot is taken even if the files could not be written.
 int storeTakenPicture(const std::uint8_t* picture);
 
-/// Copies every taken picture to its permanent name, also those saved before. When a copy fails,
-/// its slot is not `saved` and `unsavedPictures` stays set.
+/// Copies every taken picture to its permanent name, also those saved before, and has the guide say
+/// so. When a copy fails, on a disk that is full for one, its slot is not `saved`, `unsavedPictures`
+/// stays set and the guide says that something could not be stored: nothing is lost in silence.
 void saveTakenPictures();
 
 void requestSave(); ///< Saves when there is something unsaved and room for it.

@@ -6,8 +6,8 @@
 
 namespace kez {
 
-inline bool importDone
-    = false; ///< An import has ended; the current screen tells how, and clears it.
+/// An import has ended; the current screen tells the child how, and clears it.
+inline bool importDone = false;
 inline bool importUnreadable = false; ///< Its file could not be read.
 
 [[nodiscard]] const String& lastImportedName(); ///< "Image  1", without extension.

@@ -41,10 +41,10 @@ Picture fitted(Picture picture)
 std::unique_ptr<DynaImage> imageOf(const Picture& picture, const char* name)
 {
     std::vector<std::uint32_t> topRowFirst(picture.pixels.size() / 3);
-    for (int y = 0; y < picture.height; ++y)
-        toOpaquePixels(&picture.pixels[static_cast<std::size_t>(3 * y * picture.width)],
-            &topRowFirst[static_cast<std::size_t>((picture.height - 1 - y) * picture.width)],
-            picture.width);
+    const auto width = static_cast<std::size_t>(picture.width);
+    const std::uint8_t* row = picture.pixels.data();
+    for (std::size_t end = topRowFirst.size(); end != 0; end -= width, row += 3 * width)
+        toOpaquePixels(row, &topRowFirst[end - width], picture.width);
     SpriteRecord record;
     record.makeTrueColour(
         name, viewCentre.x, viewCentre.y, picture.width, picture.height, topRowFirst.data(), false);
