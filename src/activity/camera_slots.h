@@ -30,8 +30,9 @@ void resetSlots(); ///< Empties all and reserves a free number for each.
 int storeTakenPicture(const std::uint8_t* picture);
 
 /// Copies every taken picture to its permanent name, also those saved before, and has the guide say
-/// so. When a copy fails, on a disk that is full for one, its slot is not `saved`, `unsavedPictures`
-/// stays set and the guide says that something could not be stored: nothing is lost in silence.
+/// so. When a copy fails, on a disk that is full for one, its slot is not `saved`,
+/// `unsavedPictures` stays set and the guide says that something could not be stored: nothing is
+/// lost in silence.
 void saveTakenPictures();
 
 void requestSave(); ///< Saves when there is something unsaved and room for it.
