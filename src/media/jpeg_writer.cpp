@@ -70,6 +70,14 @@ void start(Encoder& encoder, int width, int height)
     jpeg_start_compress(&info, TRUE);
 }
 
+// Rows are taken from the end of the picture to its start, which the processor does not foresee.
+void fetchAhead(const std::uint8_t* row, std::size_t bytes)
+{
+    constexpr std::size_t cacheLineBytes = 64;
+    for (std::size_t at = 0; at < bytes; at += cacheLineBytes)
+        __builtin_prefetch(row + at);
+}
+
 bool encode(Encoder& encoder, const std::uint8_t* pixels, int width, int height)
 {
     if (setjmp(encoder.errors.escape) != 0)
@@ -80,6 +88,8 @@ bool encode(Encoder& encoder, const std::uint8_t* pixels, int width, int height)
     while (info.next_scanline < info.image_height) {
         const std::size_t rowFromBottom = info.image_height - 1 - info.next_scanline;
         auto* row = const_cast<JSAMPROW>(pixels + rowFromBottom * rowBytes);
+        if (rowFromBottom > 0)
+            fetchAhead(row - rowBytes, rowBytes);
         jpeg_write_scanlines(&info, &row, 1);
     }
     jpeg_finish_compress(&info);
