@@ -85,14 +85,16 @@ void unpackLiterals(
     out.at += count * 3;
 }
 
+// Eight pixels as three words, so that nothing is read back from memory that was just written.
 void unpackRun(const Bgr& colour, std::size_t count, Target& out, bool isWide)
 {
     if (isWide) {
-        std::array<std::uint8_t, Target::step> pattern;
-        for (std::size_t i = 0; i < pattern.size(); i += 3)
-            std::memcpy(&pattern[i], colour.data(), 3);
-        for (std::size_t done = 0; done < count * 3; done += Target::step)
-            std::memcpy(out.at + done, pattern.data(), Target::step);
+        const std::uint64_t pixel = colour[0] | colour[1] << 8 | colour[2] << 16;
+        const std::array<std::uint64_t, 3> words { pixel | pixel << 24 | pixel << 48,
+            pixel >> 16 | pixel << 8 | pixel << 32 | pixel << 56,
+            pixel >> 8 | pixel << 16 | pixel << 40 };
+        for (std::size_t done = 0; done < count * 3; done += sizeof words)
+            std::memcpy(out.at + done, words.data(), sizeof words);
     } else {
         for (std::size_t i = 0; i < count; ++i)
             std::memcpy(out.at + i * 3, colour.data(), 3);
