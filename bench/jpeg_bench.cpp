@@ -117,6 +117,11 @@ void addSize(const Size& size)
         [path, pixels, size] { writeJpeg(path.c_str(), pixels->data(), size.width, size.height); });
     add("jpeg/write_" + name + "/library",
         [otherPath, pixels, size] { encodeByLibrary(otherPath, *pixels, size); });
+    // As ours keeps the old file until the new one is whole.
+    add("jpeg/write_" + name + "/library_and_rename", [otherPath, pixels, size] {
+        encodeByLibrary(otherPath + "~", *pixels, size);
+        std::rename((otherPath + "~").c_str(), otherPath.c_str());
+    });
     add("jpeg/read_" + name + "/kez", [path] {
         int width = 0;
         int height = 0;
