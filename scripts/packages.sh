@@ -7,9 +7,10 @@ packages_run=(
     libjpeg62-turbo-dev libpng-dev libcli11-dev libleptonica-dev librsvg2-bin
     libsndfile1-dev libsamplerate0-dev festival festlex-cmu festlex-poslex festvox-us-slt-hts
     espeak-ng sox
+    libgtest-dev libgmock-dev # a configured build has the tests in it, built or not
 )
 packages_test=(
-    libgtest-dev libgmock-dev clang-format clang-tidy git xvfb
+    clang-format clang-tidy git xvfb
     appstream desktop-file-utils mandoc bsdextrautils
 )
 packages_windows=(
