@@ -64,7 +64,8 @@ std::vector<std::string> benchmarkArguments(const char* program, const Options& 
     return arguments;
 }
 
-bool initialize(std::vector<std::string> arguments)
+// Google Benchmark keeps a pointer to the program's name.
+bool initialize(std::vector<std::string>& arguments)
 {
     std::vector<char*> pointers;
     for (std::string& argument : arguments)
@@ -86,7 +87,8 @@ int main(int argc, char** argv)
         std::fputs(help, isUnderstood ? stdout : stderr);
         return isUnderstood ? 0 : 2;
     }
-    if (!initialize(benchmarkArguments(argv[0], options)))
+    std::vector<std::string> arguments = benchmarkArguments(argv[0], options);
+    if (!initialize(arguments))
         return 2;
     std::printf("Vectors: %s. The table comes at the end, after a few minutes.\n",
         kez::nameOf(kez::vectorLevel()));
