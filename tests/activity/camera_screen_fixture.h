@@ -13,7 +13,6 @@ namespace kez::test {
 // The buttons lie in a row at the bottom of the screen, 70 pixels from one to the next.
 inline constexpr const char* buttons[] = { "camImportRoll", "camExportRoll", "camReturnRoll",
     "camTrashRoll", "camHelpRoll", "camSaveRoll", "camRoll", "camBookRoll" };
-inline constexpr int buttonY = 210;
 
 constexpr int buttonX(int button)
 {
@@ -30,10 +29,9 @@ protected:
     {
         ScreenTest::SetUp();
         addSprite("camBack", 0, 0, 640, 480, 300);
-        for (int i = 0; i < 8; ++i)
-            addSprite(buttons[i], buttonX(i), buttonY, 50, 40, 50);
-        for (const char* name : { "cursor", "help", "wait00", "wait01", "wait02", "wait03",
-                 "wait04", "wait05", "wait06", "wait07", "wait08" })
+        addButtons(buttons, buttonX);
+        for (const char* name : { "wait00", "wait01", "wait02", "wait03", "wait04", "wait05",
+                 "wait06", "wait07", "wait08" })
             addSprite(name, 0, 0, 3, 3, 0);
         link.reinitialise();
         fake = FakeCamera();

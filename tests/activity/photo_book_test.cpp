@@ -21,7 +21,6 @@ namespace {
 constexpr const char* buttonNames[]
     = { "bookImportRoll", "bookExportRoll", "bookReturnRoll", "bookTrashRoll", "bookHelpRoll",
           "bookSaveRoll", "bookLeftRoll", "bookRightRoll", "bookCamRoll", "bookRoll" };
-constexpr int buttonY = 210;
 
 constexpr int buttonX(int button)
 {
@@ -40,10 +39,7 @@ protected:
     {
         ScreenTest::SetUp();
         addSprite("bookBack", 0, 0, 640, 480, 300);
-        for (int i = 0; i < 10; ++i)
-            addSprite(buttonNames[i], buttonX(i), buttonY, 50, 40, 50);
-        for (const char* name : { "cursor", "help" })
-            addSprite(name, 0, 0, 3, 3, 0);
+        addButtons(buttonNames, buttonX);
     }
 
     /// Files of a picture whose thumbnail is of one shade.

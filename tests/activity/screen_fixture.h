@@ -19,6 +19,8 @@
 
 namespace kez::test {
 
+inline constexpr int buttonY = 210;
+
 class ScreenTest : public StoreTest {
 protected:
     void SetUp() override
@@ -52,6 +54,16 @@ protected:
         const std::vector<std::uint8_t> bytes = record.serialise();
         folder.put(fileName, std::string(bytes.begin(), bytes.end()));
         ASSERT_NE(archive()->addFile((folder / fileName).c_str()), nullptr);
+    }
+
+    /// Buttons of 50 × 40 in a row at the bottom of the screen.
+    template <std::size_t count>
+    void addButtons(const char* const (&names)[count], int (&placeX)(int))
+    {
+        for (int i = 0; i < static_cast<int>(count); ++i)
+            addSprite(names[i], placeX(i), buttonY, 50, 40, 50);
+        for (const char* pointer : { "cursor", "help" })
+            addSprite(pointer, 0, 0, 3, 3, 0);
     }
 
     static void frames(int count)

@@ -81,14 +81,6 @@ TEST_F(TaskTest, sleepsAndGoesOnWhereItWas)
     EXPECT_EQ(runAt(5000), "");
 }
 
-TEST_F(TaskTest, aBodyThatReturnsBeginsAnewEveryFrame)
-{
-    Worker a('a');
-    EXPECT_EQ(runAt(1), "a0");
-    EXPECT_EQ(runAt(1), "a0");
-    EXPECT_EQ(Worker::Guard::alive, 0);
-}
-
 TEST_F(TaskTest, restartDropsTheSleepingBody)
 {
     Worker a('a', 40);

@@ -88,17 +88,6 @@ TEST_F(ViewTest, displayListRunsFromTheBack)
     EXPECT_EQ(sameDepth.invalidations, 1);
 }
 
-TEST_F(ViewTest, makesLayersOnDemand)
-{
-    SpyView view(0);
-    Layer& third = view.layer(2);
-    EXPECT_EQ(view.layers().count(), 3);
-    EXPECT_EQ(view.layers().at(2)->item(), &third);
-    EXPECT_EQ(&view.layer(2), &third);
-    EXPECT_TRUE(view.layer(1).visible);
-    EXPECT_EQ(&view.layer(-1), &view.layer(0));
-}
-
 TEST_F(ViewTest, ordersItemsByDepthAndArrival)
 {
     SpyView view(0);

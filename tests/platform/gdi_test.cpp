@@ -147,21 +147,6 @@ TEST_F(DeviceContexts, textIsBlendedInItsColour)
     close();
 }
 
-TEST_F(DeviceContexts, opaqueTextFillsItsLine)
-{
-    open(format32);
-    SetBkMode(context, OPAQUE);
-    SetBkColor(context, RGB(0, 255, 0));
-    RECT area { 10, 5, width, height };
-    DrawTextA(context, "  ", -1, &area, DT_NOPREFIX);
-    const RECT box = ink();
-    EXPECT_EQ(box.left, 10);
-    EXPECT_EQ(box.top, 5);
-    EXPECT_EQ(box.right, 26);
-    EXPECT_EQ(box.bottom, 20);
-    close();
-}
-
 TEST_F(DeviceContexts, linesBreakAtWordsAndLineEnds)
 {
     open(format32);
@@ -253,23 +238,6 @@ TEST_F(DeviceContexts, drawEveryCharacterOfAnyFace)
         DeleteObject(font);
     }
     EXPECT_GT(ink().right, 0);
-    close();
-}
-
-TEST_F(DeviceContexts, stateIsExchanged)
-{
-    open(format32);
-    POINT origin { 9, 9 };
-    EXPECT_TRUE(SetViewportOrgEx(context, 3, -4, &origin));
-    EXPECT_EQ(origin.x, 0);
-    EXPECT_TRUE(GetViewportOrgEx(context, &origin));
-    EXPECT_EQ(origin.y, -4);
-    EXPECT_EQ(SetTextColor(context, 0xFF010203), RGB(255, 255, 255));
-    EXPECT_EQ(GetTextColor(context), 0x010203u);
-    EXPECT_EQ(SetBkMode(context, OPAQUE), TRANSPARENT);
-    EXPECT_EQ(SetBkMode(context, 7), 0);
-    EXPECT_EQ(
-        SelectObject(context, GetStockObject(SYSTEM_FONT)), GetStockObject(SYSTEM_FIXED_FONT));
     close();
 }
 

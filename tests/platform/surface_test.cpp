@@ -210,15 +210,4 @@ TEST_F(Surfaces, primaryHasTheModesFormatAndIsLostWithIt)
     primary->Release();
 }
 
-TEST_F(Surfaces, answerForTheirOwnInterfacesOnly)
-{
-    IDirectDrawSurface* surface = makeSurface(5, 3, format32);
-    void* found = surface;
-    EXPECT_EQ(surface->QueryInterface(IID_IDirectDraw, &found), E_NOINTERFACE);
-    EXPECT_EQ(found, nullptr);
-    ASSERT_EQ(surface->QueryInterface(IID_IUnknown, &found), S_OK);
-    EXPECT_EQ(static_cast<IUnknown*>(found)->Release(), 1u);
-    EXPECT_EQ(surface->Release(), 0u);
-}
-
 } // namespace

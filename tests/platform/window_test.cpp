@@ -181,20 +181,6 @@ TEST_F(Windows, postedKeysBecomeCharacters)
     }
 }
 
-TEST_F(Windows, theCursorStaysWhereItIsPut)
-{
-    POINT position {};
-    SetCursorPos(123, 45);
-    ASSERT_TRUE(GetCursorPos(&position));
-    EXPECT_EQ(position.x, 123);
-    EXPECT_EQ(position.y, 45);
-    HCURSOR arrow = LoadCursorA(nullptr, IDC_ARROW);
-    SetCursor(arrow);
-    EXPECT_EQ(SetCursor(nullptr), arrow);
-    EXPECT_EQ(SetCursor(arrow), nullptr);
-    EXPECT_EQ(LoadCursorA(nullptr, "ARROW"), nullptr);
-}
-
 TEST_F(Windows, stayInvisibleWhereThereIsNoDisplay)
 {
     setenv("SDL_VIDEODRIVER", "nosuchdisplay", 1);
