@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What can stand in the place of a file only here: a link to nothing, and a pipe that nobody writes.
+// What can stand in the place of a file only here: a link to nothing, and a pipe that nobody
+// writes.
 #include "media/jpeg_file.h"
 #include "platform/temporary_folder.h"
 #include "support/debug_output.h"
