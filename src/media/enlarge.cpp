@@ -6,7 +6,6 @@
 #include "media/sample_points.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <utility>
@@ -73,8 +72,10 @@ void enlargeInDoubles(const std::uint8_t* source, std::ptrdiff_t pitch, const Pl
 
 bool areSixteenths(const Places& places)
 {
-    return std::ranges::all_of(
-        places, [](const Between& place) { return std::fmod(place.fraction * 16, 1.0) == 0; });
+    return std::ranges::all_of(places, [](const Between& place) {
+        const double sixteenths = place.fraction * 16;
+        return sixteenths == static_cast<int>(sixteenths);
+    });
 }
 
 /// Source rows at the places of the columns, in sixteenths of a byte; the two used last are kept.
