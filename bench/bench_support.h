@@ -69,10 +69,10 @@ inline void addPeer(const std::string& name, const MakePeer& make)
     });
 }
 
-/// Copies that many pixels at one go.
-inline void addMemcpyOf(const std::string& name, std::size_t pixels)
+/// Copies that many pixels at one go, as the benchmark of that name.
+inline void addMemcpyNamed(const std::string& name, std::size_t pixels)
 {
-    benchmark::RegisterBenchmark((name + "/memcpy").c_str(), [=](benchmark::State& state) {
+    benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
         const CanvasMemory source = paintedCanvas();
         CanvasMemory target = paintedCanvas();
         for (auto pass : state) {
@@ -81,6 +81,11 @@ inline void addMemcpyOf(const std::string& name, std::size_t pixels)
             benchmark::ClobberMemory();
         }
     });
+}
+
+inline void addMemcpyOf(const std::string& name, std::size_t pixels)
+{
+    addMemcpyNamed(name + "/memcpy", pixels);
 }
 
 /// Copies as many bytes as the result has, as the measure of the machine.

@@ -97,6 +97,8 @@ void addConversion(const Target& target)
 const bool areAdded = [] {
     for (const Target& target : targets)
         addConversion(target);
+    for (const char* const name : { "present/565/canvas_memcpy", "present/555/canvas_memcpy" })
+        addMemcpyNamed(name, canvasWidth * canvasHeight);
     addPeer("present/565/pixman", pixmanPresent);
     addPeer("present/565/libyuv", [](Canvas canvas) { return yuvPresent(canvas, 16); });
     addPeer("present/24bits/libyuv", [](Canvas canvas) { return yuvPresent(canvas, 24); });

@@ -102,7 +102,7 @@ inline void turnSquares(const QuarterTurn& turn)
 inline void copySpan(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
     constexpr std::size_t step = 8;
-    if (count >= 64) {
+    if (count >= 512) {
         std::memcpy(to, from, 4 * count);
     } else if (count >= step) {
         for (std::size_t i = 0; i + step < count; i += step)
