@@ -56,7 +56,8 @@ function(kez_vector_sources variable family)
     set(options_avx2 -mavx2)
     # The compiler's own header reads what it calls undefined.
     set(options_avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl -mavx512vbmi
-        -Wno-uninitialized -Wno-maybe-uninitialized)
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-uninitialized>
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     set(sources ${family}_levels_x86.cpp)
     foreach(level sse2 avx2 avx512)
         if(NOT EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${family}_kernels_${level}.cpp)
