@@ -27,7 +27,20 @@ __m256i fourWeights(const std::int16_t* at)
     return _mm256_castps_si256(_mm256_permutevar_ps(_mm256_castpd_ps(spread), order));
 }
 
-void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
+// The sums of an area's two pairs of pixels, together and divided: three bytes.
+void storeQuotients(std::uint8_t* to, __m256i pairs, double inverse)
+{
+    const __m128i sums
+        = _mm_add_epi32(_mm256_castsi256_si128(pairs), _mm256_extracti128_si256(pairs, 1));
+    // The half keeps what divides evenly from falling below.
+    const __m256d halves = _mm256_add_pd(_mm256_cvtepi32_pd(sums), _mm256_set1_pd(0.5));
+    const __m128i words = _mm256_cvttpd_epi32(_mm256_mul_pd(halves, _mm256_set1_pd(inverse)));
+    const __m128i packed = _mm_packs_epi32(words, words);
+    const int pixel = _mm_cvtsi128_si32(_mm_packus_epi16(packed, packed));
+    std::memcpy(to, &pixel, 3);
+}
+
+void averageAny(std::uint8_t* to, const AveragedRow& row, std::size_t count)
 {
     const WeighedRow* const rowsEnd = row.rows + row.rowCount;
     for (std::size_t x = 0; x < count; ++x) {
@@ -39,16 +52,35 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
                 pairs = _mm256_add_epi32(
                     pairs, _mm256_madd_epi16(fourPixels(from), fourWeights(weights + i)));
         }
-        const __m128i sums
-            = _mm_add_epi32(_mm256_castsi256_si128(pairs), _mm256_extracti128_si256(pairs, 1));
-        // The half keeps what divides evenly from falling below.
-        const __m256d halves = _mm256_add_pd(_mm256_cvtepi32_pd(sums), _mm256_set1_pd(0.5));
-        const __m128i words
-            = _mm256_cvttpd_epi32(_mm256_mul_pd(halves, _mm256_set1_pd(row.inverses[x])));
-        const __m128i packed = _mm_packs_epi32(words, words);
-        const int pixel = _mm_cvtsi128_si32(_mm_packus_epi16(packed, packed));
-        std::memcpy(to + 3 * x, &pixel, 3);
+        storeQuotients(to + 3 * x, pairs, row.inverses[x]);
     }
+}
+
+// Areas of up to four pixels and a known number of rows, without a loop.
+template <std::size_t rowCount>
+void averageSmall(std::uint8_t* to, const AveragedRow& row, std::size_t count)
+{
+    WeighedRow rows[rowCount];
+    for (std::size_t j = 0; j < rowCount; ++j)
+        rows[j] = row.rows[j];
+    for (std::size_t x = 0; x < count; ++x) {
+        __m256i pairs = _mm256_setzero_si256();
+        for (std::size_t j = 0; j < rowCount; ++j)
+            pairs = _mm256_add_epi32(pairs,
+                _mm256_madd_epi16(fourPixels(rows[j].pixels + row.offsets[x]),
+                    fourWeights(rows[j].weights + x * 4)));
+        storeQuotients(to + 3 * x, pairs, row.inverses[x]);
+    }
+}
+
+void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
+{
+    if (row.areaPixels == 4 && row.rowCount == 2)
+        averageSmall<2>(to, row, count);
+    else if (row.areaPixels == 4 && row.rowCount == 3)
+        averageSmall<3>(to, row, count);
+    else
+        averageAny(to, row, count);
 }
 
 } // namespace
