@@ -47,26 +47,56 @@ Places betweenPixels(int sourceSize, int destinationSize)
     return places;
 }
 
-void enlargeInDoubles(const std::uint8_t* source, std::ptrdiff_t pitch, const Places& columns,
-    const Places& rows, std::uint8_t* to)
-{
-    for (const Between& row : rows) {
-        const std::uint8_t* upper = source + row.low * pitch;
-        const std::uint8_t* lower = source + row.high * pitch;
-        const double fy = row.fraction;
-        for (const Between& column : columns) {
-            const double fx = column.fraction;
-            const double w00 = (1 - fx) * (1 - fy);
-            const double w10 = fx * (1 - fy);
-            const double w11 = fx * fy;
-            const double w01 = (1 - fx) * fy;
-            const std::ptrdiff_t left = static_cast<std::ptrdiff_t>(column.low) * 3;
-            const std::ptrdiff_t right = static_cast<std::ptrdiff_t>(column.high) * 3;
-            for (int byte = 0; byte < 3; ++byte)
-                *to++
-                    = static_cast<std::uint8_t>(upper[left + byte] * w00 + upper[right + byte] * w10
-                        + lower[right + byte] * w11 + lower[left + byte] * w01);
+/// Source rows in another form; the two used last are kept.
+template <class Value>
+class TwoRows {
+public:
+    explicit TwoRows(std::size_t values)
+    {
+        for (Row& row : rows_)
+            row.values.resize(values);
+    }
+
+    const Value* at(int number, auto&& make)
+    {
+        if (rows_[0].number != number)
+            std::swap(rows_[0], rows_[1]);
+        if (rows_[0].number != number) {
+            rows_[0].number = number;
+            make(number, rows_[0].values.data());
         }
+        return rows_[0].values.data();
+    }
+
+private:
+    struct Row {
+        int number = -1;
+        std::vector<Value> values;
+    };
+
+    Row rows_[2];
+};
+
+void enlargeInDoubles(
+    const std::uint8_t* source, int sw, const Places& columns, const Places& rows, std::uint8_t* to)
+{
+    const ResampleKernels& kernels = resampleKernels();
+    const auto width = static_cast<std::size_t>(sw);
+    std::vector<WideColumn> wide;
+    for (const Between& column : columns) {
+        const double right = column.fraction;
+        wide.push_back(
+            { { 1 - right, right, right, 1 - right }, static_cast<std::size_t>(column.low) });
+    }
+    TwoRows<double> kept(4 * (width + 1)); // behind a single column lies nothing
+    const auto widen = [&](int number, double* values) {
+        kernels.widen(values, source + static_cast<std::size_t>(number) * width * 3, width);
+    };
+    for (const Between& row : rows) {
+        const double* const upper = kept.at(row.low, widen);
+        const double* const lower = kept.at(row.high, widen);
+        kernels.mixWide(to, upper, lower, wide.data(), row.fraction, wide.size());
+        to += 3 * wide.size();
     }
 }
 
@@ -78,10 +108,13 @@ bool areSixteenths(const Places& places)
     });
 }
 
-/// Source rows at the places of the columns, in sixteenths of a byte; the two used last are kept.
-class SpreadRows {
+/// Makes source rows at the places of the columns, in sixteenths of a byte.
+class Spread {
 public:
-    SpreadRows(const std::uint8_t* source, int sw, int sh, const Places& columns)
+    // Steps take eight bytes or values for the three of a pixel.
+    static constexpr std::size_t spare = 5;
+
+    Spread(const std::uint8_t* source, int sw, int sh, const Places& columns)
         : source_(source)
         , pitch_(std::size_t { 3 } * static_cast<std::size_t>(sw))
         , lastRow_(sh - 1)
@@ -94,43 +127,22 @@ public:
             const auto left = static_cast<std::uint16_t>(16 - right);
             columns_.push_back({ 3 * column.low, { left, left, left, right, right, right, 0, 0 } });
         }
-        for (Row& row : rows_)
-            row.values.resize(columns.size() * 3 + spare);
     }
 
-    const std::uint16_t* at(int number)
+    void operator()(int number, std::uint16_t* values) const
     {
-        if (rows_[0].number != number)
-            std::swap(rows_[0], rows_[1]);
-        if (rows_[0].number != number)
-            spread(number, rows_[0]);
-        return rows_[0].values.data();
-    }
-
-private:
-    // Steps take eight bytes or values for the three of a pixel.
-    static constexpr std::size_t spare = 5;
-
-    struct Row {
-        int number = -1;
-        std::vector<std::uint16_t> values;
-    };
-
-    void spread(int number, Row& row) const
-    {
-        row.number = number;
         const std::uint8_t* const from = number == lastRow_
             ? lastRowCopy_.data()
             : source_ + static_cast<std::size_t>(number) * pitch_;
-        resampleKernels().spread(row.values.data(), from, columns_.data(), columns_.size());
+        resampleKernels().spread(values, from, columns_.data(), columns_.size());
     }
 
+private:
     const std::uint8_t* source_;
     std::size_t pitch_;
     int lastRow_;
     std::vector<SpreadColumn> columns_;
     std::vector<std::uint8_t> lastRowCopy_; ///< With room to read beyond it.
-    Row rows_[2];
 };
 
 // Where every fraction is a number of sixteenths, as in doubling, the products and sums of the
@@ -138,11 +150,12 @@ private:
 void enlargeInSixteenths(const std::uint8_t* source, int sw, int sh, const Places& columns,
     const Places& rows, std::uint8_t* to)
 {
-    SpreadRows spread(source, sw, sh, columns);
+    const Spread spread(source, sw, sh, columns);
     const std::size_t bytes = columns.size() * 3;
+    TwoRows<std::uint16_t> kept(bytes + Spread::spare);
     for (const Between& row : rows) {
-        const std::uint16_t* const upper = spread.at(row.low);
-        const std::uint16_t* const lower = spread.at(row.high);
+        const std::uint16_t* const upper = kept.at(row.low, spread);
+        const std::uint16_t* const lower = kept.at(row.high, spread);
         resampleKernels().mixRows(
             to, upper, lower, static_cast<unsigned>(row.fraction * 16), bytes);
         to += bytes;
@@ -155,11 +168,10 @@ void enlargePicture(const std::uint8_t* source, int sw, int sh, std::uint8_t* to
 {
     const Places columns = betweenPixels(sw, dw);
     const Places rows = betweenPixels(sh, dh);
-    const auto pitch = static_cast<std::ptrdiff_t>(sw) * 3;
     if (sw > 1 && areSixteenths(columns) && areSixteenths(rows))
         enlargeInSixteenths(source, sw, sh, columns, rows, to);
     else
-        enlargeInDoubles(source, pitch, columns, rows, to);
+        enlargeInDoubles(source, sw, columns, rows, to);
 }
 
 } // namespace kez

@@ -14,6 +14,12 @@ struct SpreadColumn {
     std::uint16_t shares[8]; ///< The left pixel's three times, the right one's; then nothing.
 };
 
+/// The same in doubles: what lies to the left and to the right, 1 − f, f, f, 1 − f.
+struct WideColumn {
+    double shares[4];
+    std::size_t left; ///< The left pixel.
+};
+
 /// A source row that the areas of a row of reduced pixels reach.
 struct WeighedRow {
     const std::uint8_t* pixels;
@@ -38,6 +44,12 @@ struct ResampleKernels {
     /// Two rows that were spread, by sixteenths: `lowerShare` of the lower one.
     void (*mixRows)(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* lower,
         unsigned lowerShare, std::size_t count);
+    /// Pixels as four doubles each, the last of which means nothing.
+    void (*widen)(double* to, const std::uint8_t* from, std::size_t count);
+    /// Three bytes for each column: the left and right pixel of two rows that were widened, by
+    /// products and sums of doubles in a fixed order, truncated.
+    void (*mixWide)(std::uint8_t* to, const double* upper, const double* lower,
+        const WideColumn* columns, double fraction, std::size_t count);
     /// Three bytes for each area: their sum by weight, times the inverse, truncated.
     void (*average)(std::uint8_t* to, const AveragedRow& row, std::size_t count);
 };

@@ -85,6 +85,7 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
 
 } // namespace
 
-const ResampleKernels avx2ResampleKernels = { spreadColumns, mixSpreadRows, average };
+const ResampleKernels avx2ResampleKernels
+    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average };
 
 } // namespace kez

@@ -24,6 +24,30 @@ void mixRows(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* 
             (upper[i] * (16 - lowerShare) + lower[i] * lowerShare) >> 8);
 }
 
+void widen(double* to, const std::uint8_t* from, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i, to += 4)
+        for (std::size_t byte = 0; byte < 3; ++byte)
+            to[byte] = *from++;
+}
+
+void mixWide(std::uint8_t* to, const double* upper, const double* lower, const WideColumn* columns,
+    double fraction, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x) {
+        const WideColumn& column = columns[x];
+        const double* const up = upper + 4 * column.left;
+        const double* const low = lower + 4 * column.left;
+        const double w00 = column.shares[0] * (1 - fraction);
+        const double w10 = column.shares[1] * (1 - fraction);
+        const double w11 = column.shares[2] * fraction;
+        const double w01 = column.shares[3] * fraction;
+        for (std::size_t byte = 0; byte < 3; ++byte)
+            *to++ = static_cast<std::uint8_t>(
+                up[byte] * w00 + up[byte + 4] * w10 + low[byte + 4] * w11 + low[byte] * w01);
+    }
+}
+
 void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
 {
     for (std::size_t x = 0; x < count; ++x)
@@ -41,6 +65,6 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
 
 } // namespace
 
-const ResampleKernels plainResampleKernels = { spread, mixRows, average };
+const ResampleKernels plainResampleKernels = { spread, mixRows, widen, mixWide, average };
 
 } // namespace kez

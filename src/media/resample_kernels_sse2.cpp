@@ -49,6 +49,7 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
 
 } // namespace
 
-const ResampleKernels sse2ResampleKernels = { spreadColumns, mixSpreadRows, average };
+const ResampleKernels sse2ResampleKernels
+    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average };
 
 } // namespace kez

@@ -38,6 +38,39 @@ void mixSpreadRows(std::uint8_t* to, const std::uint16_t* upper, const std::uint
             static_cast<std::uint16_t>(upper[i] * up + lower[i] * low) >> 8);
 }
 
+typedef double FourDoubles __attribute__((vector_size(32)));
+
+void widenPixels(double* to, const std::uint8_t* from, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i, to += 4, from += 3) {
+        const FourDoubles pixel { static_cast<double>(from[0]), static_cast<double>(from[1]),
+            static_cast<double>(from[2]), 0 };
+        std::memcpy(to, &pixel, sizeof pixel);
+    }
+}
+
+void mixWideRows(std::uint8_t* to, const double* upper, const double* lower,
+    const WideColumn* columns, double fraction, std::size_t count)
+{
+    const FourDoubles rowShares { 1 - fraction, 1 - fraction, fraction, fraction };
+    for (std::size_t x = 0; x < count; ++x) {
+        FourDoubles upperLeft, upperRight, lowerLeft, lowerRight, shares;
+        std::memcpy(&upperLeft, upper + 4 * columns[x].left, sizeof upperLeft);
+        std::memcpy(&upperRight, upper + 4 * columns[x].left + 4, sizeof upperRight);
+        std::memcpy(&lowerLeft, lower + 4 * columns[x].left, sizeof lowerLeft);
+        std::memcpy(&lowerRight, lower + 4 * columns[x].left + 4, sizeof lowerRight);
+        std::memcpy(&shares, columns[x].shares, sizeof shares);
+        shares *= rowShares;
+        const FourDoubles mixed = upperLeft * shares[0] + upperRight * shares[1]
+            + lowerRight * shares[2] + lowerLeft * shares[3];
+        typedef std::int32_t FourWords __attribute__((vector_size(16)));
+        const auto words = reinterpret_cast<__m128i>(__builtin_convertvector(mixed, FourWords));
+        const __m128i halves = _mm_packs_epi32(words, words);
+        const int pixel = _mm_cvtsi128_si32(_mm_packus_epi16(halves, halves));
+        std::memcpy(to + 3 * x, &pixel, 3);
+    }
+}
+
 } // namespace
 
 } // namespace kez
