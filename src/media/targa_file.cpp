@@ -52,15 +52,27 @@ bool writeHeader(files::Writer& file, bool runLength, int width, int height)
     return file.write(data);
 }
 
+// Room for one row's packets, and for as many more as make a piece that is worth a call of the
+// system.
+std::size_t packetRoom(std::size_t rowBytes)
+{
+    constexpr std::size_t pieceBytes = std::size_t { 128 } * 1024;
+    return 2 * rowBytes + pieceBytes;
+}
+
 bool writePacked(files::Writer& file, std::span<const std::uint8_t> pixels, std::size_t rowBytes,
     ByteBlock& packets)
 {
+    std::size_t filled = 0;
     for (std::size_t start = 0; start < pixels.size(); start += rowBytes) {
-        const std::size_t size = packTargaRow(pixels.subspan(start, rowBytes), packets.bytes());
-        if (!file.write(packets.bytes().first(size)))
-            return false;
+        if (packets.size() - filled < 2 * rowBytes) {
+            if (!file.write(packets.bytes().first(filled)))
+                return false;
+            filled = 0;
+        }
+        filled += packTargaRow(pixels.subspan(start, rowBytes), packets.bytes().subspan(filled));
     }
-    return true;
+    return file.write(packets.bytes().first(filled));
 }
 
 } // namespace
@@ -104,11 +116,12 @@ const void* TargaFile::write(
     const std::size_t rowBytes = static_cast<std::size_t>(width) * 3;
     const std::span<const std::uint8_t> picture(
         pixels, rowBytes * static_cast<std::size_t>(height));
-    ByteBlock packets = ByteBlock::unset(runLength ? 2 * rowBytes : 0);
+    const std::size_t room = runLength ? packetRoom(rowBytes) : 0;
+    ByteBlock packets = ByteBlock::unset(room);
     if (!packets)
         return fail(name,
             String()
-                .format("Could not allocate buffer of size %u", static_cast<unsigned>(2 * rowBytes))
+                .format("Could not allocate buffer of size %u", static_cast<unsigned>(room))
                 .view());
     files::Writer file(place);
     if (!file)

@@ -110,7 +110,7 @@ TEST_F(TargaFiles, leavesTheOldFileWhenWritingFails)
     folder.put("a.cam", "old");
     TargaFile file(nullptr);
     DebugOutput log;
-    const files::Fault::Plan plans[] = { { .failWriteNumber = 0 }, { .failWriteNumber = 5 },
+    const files::Fault::Plan plans[] = { { .failWriteNumber = 0 }, { .failWriteNumber = 1 },
         { .failCommitNumber = 0 }, { .roomBytes = 100 } };
     for (const files::Fault::Plan& plan : plans) {
         files::Fault fault(plan);
