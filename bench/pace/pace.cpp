@@ -80,27 +80,7 @@ IDirectDrawSurface* makeSurface(IDirectDraw& directDraw, int bits)
     return surface;
 }
 
-// What a frame asks of the system.
-void askForTheMouse()
-{
-    POINT at;
-    GetCursorPos(&at);
-}
-
-// The median over the rounds of what is left of `whole` without `part`, which the machine has just
-// done as fast or as slowly.
-double withoutUs(const std::function<void()>& whole, const std::function<void()>& part)
-{
-    const int times = 1 + static_cast<int>(roundUs / std::max(timeUs(whole, 3), 0.1));
-    std::vector<double> differences(rounds);
-    for (double& difference : differences)
-        difference = timeUs(whole, times) - timeUs(part, times);
-    std::ranges::sort(differences);
-    return differences[rounds / 2];
-}
-
-// The library's own share of a frame of the camera screen: without the copy to the primary surface,
-// and without asking the system where the mouse is.
+// The library's own share of a frame of the camera screen: without the copy to the primary surface.
 bool timeFrame(IDirectDraw& directDraw, int bits)
 {
     IDirectDrawSurface* const secondary = makeSurface(directDraw, bits);
@@ -109,7 +89,7 @@ bool timeFrame(IDirectDraw& directDraw, int bits)
     test::FailingSurface primary(secondary);
     primary.fail(test::FailingSurface::BltFastCall, DD_OK); // succeeds and does nothing
     screen().attach(&directDraw, &primary, secondary, bits);
-    tell("frame/" + std::to_string(bits), withoutUs(drawDisplayList, askForTheMouse));
+    tell("frame/" + std::to_string(bits), bestUs(drawDisplayList));
     screen().detach();
     secondary->Release();
     return true;
@@ -132,7 +112,6 @@ bool timeFrames(const char* content)
     bool all = true;
     for (const int bits : { 16, 24, 32 })
         all &= timeFrame(*directDraw, bits);
-    tell("mouse", bestUs(askForTheMouse));
     endScene();
     destroyArchive();
     directDraw->Release();
