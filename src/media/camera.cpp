@@ -105,13 +105,15 @@ void Camera::shutDown()
 }
 
 // A worker whose command has ended only has the library to let go. It is not waited for while the
-// library is being unloaded, when it may be the worker itself that does this.
+// library is being unloaded, when it may be the worker itself that does this. One that was waited
+// for in vain before has no handle any more, and may still be in the driver.
 bool Camera::awaitWorker()
 {
-    const bool ended = worker_ == nullptr || (quitting && isIdle())
-        || WaitForSingleObject(worker_, endWaitMs) == WAIT_OBJECT_0;
-    if (worker_ != nullptr)
-        CloseHandle(worker_);
+    if (worker_ == nullptr)
+        return true;
+    const bool ended
+        = (quitting && isIdle()) || WaitForSingleObject(worker_, endWaitMs) == WAIT_OBJECT_0;
+    CloseHandle(worker_);
     worker_ = nullptr;
     return ended;
 }

@@ -83,10 +83,11 @@ private:
         return reinterpret_cast<const std::uint8_t*>(copied ^ ((copied ^ literal) & mask));
     }
 
+    // What is nearer than half a step overlaps, but then less than the distance counts.
     static void moveStep(std::uint8_t* to, const std::uint8_t* from)
     {
-        std::memcpy(to, from, step / 2);
-        std::memcpy(to + step / 2, from + step / 2, step / 2);
+        std::memmove(to, from, step / 2);
+        std::memmove(to + step / 2, from + step / 2, step / 2);
     }
 
     // What does not overlap and what repeats one pixel of a sprite; false for the rest.

@@ -2,6 +2,7 @@
 #include "media/reduce.h"
 
 #include "core/vector_level.h"
+#include "media/halve.h"
 #include "media/resample_kernels.h"
 #include "media/weight_rows.h"
 
@@ -143,6 +144,10 @@ private:
 
 void reducePicture(const std::uint8_t* source, int sw, int sh, std::uint8_t* to, int dw, int dh)
 {
+    if (isHalving(sw, sh, dw, dh)) {
+        halvePicture(source, dw, dh, to);
+        return;
+    }
     const SampleAxis columns(sw, dw);
     const SampleAxis rows(sh, dh);
     const auto pitch = static_cast<std::ptrdiff_t>(sw) * 3;

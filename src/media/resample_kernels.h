@@ -52,6 +52,10 @@ struct ResampleKernels {
         const WideColumn* columns, double fraction, std::size_t count);
     /// Three bytes for each area: their sum by weight, times the inverse, truncated.
     void (*average)(std::uint8_t* to, const AveragedRow& row, std::size_t count);
+    /// Three bytes for each three by three pixels, every second pixel of the row at `from` and the
+    /// two rows that follow it, weighed as media/halve.h says. Reads a pixel more than that, and
+    /// spoils two bytes behind what is asked for.
+    void (*halve)(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::size_t count);
 };
 
 extern const ResampleKernels plainResampleKernels;

@@ -83,9 +83,59 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
         averageAny(to, row, count);
 }
 
+// Two areas of halving in each half of a vector. Their bytes begin twelve apart and overlap.
+__m256i twiceTwoAreas(const std::uint8_t* at)
+{
+    const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + 12));
+    return _mm256_inserti128_si256(_mm256_castsi128_si256(low), high, 1);
+}
+
+typedef std::uint16_t Halves __attribute__((vector_size(32)));
+
+// The left and the middle pixel of each area, added up.
+Halves pairSums(__m256i areas)
+{
+    const __m256i pairs = _mm256_broadcastsi128_si256(
+        _mm_setr_epi8(0, 3, 1, 4, 2, 5, 6, 9, 7, 10, 8, 11, -1, -1, -1, -1));
+    return Halves(_mm256_maddubs_epi16(_mm256_shuffle_epi8(areas, pairs), _mm256_set1_epi8(1)));
+}
+
+// The right pixel of each area.
+Halves rightPixels(__m256i areas)
+{
+    const __m256i thirds = _mm256_broadcastsi128_si256(
+        _mm_setr_epi8(6, -1, 7, -1, 8, -1, 12, -1, 13, -1, 14, -1, -1, -1, -1, -1));
+    return Halves(_mm256_shuffle_epi8(areas, thirds));
+}
+
+void halveFour(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch)
+{
+    const __m256i upper = twiceTwoAreas(from);
+    const __m256i middle = twiceTwoAreas(from + pitch);
+    const Halves near = pairSums(upper) + pairSums(middle);
+    const Halves far
+        = rightPixels(upper) + rightPixels(middle) + pairSums(twiceTwoAreas(from + 2 * pitch));
+    const __m256i quarter = __m256i(quarterOfHalving(near, far));
+    const __m256i words = _mm256_srli_epi16(
+        _mm256_mulhi_epu16(quarter, _mm256_set1_epi16(halvingInverse)), halvingInverseBits);
+    const __m256i packed = _mm256_packus_epi16(words, words);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(to), _mm256_castsi256_si128(packed));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(to + 6), _mm256_extracti128_si256(packed, 1));
+}
+
+void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::size_t count)
+{
+    std::size_t x = 0;
+    for (; x + 4 <= count; x += 4)
+        halveFour(to + 3 * x, from + 6 * x, pitch);
+    for (; x < count; ++x)
+        halveOne(to + 3 * x, from + 6 * x, pitch);
+}
+
 } // namespace
 
 const ResampleKernels avx2ResampleKernels
-    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average };
+    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average, halve };
 
 } // namespace kez

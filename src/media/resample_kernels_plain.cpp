@@ -63,8 +63,18 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
         }
 }
 
+void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x, from += 3)
+        for (std::size_t byte = 0; byte < 3; ++byte, ++from) {
+            const int near = from[0] + from[3] + from[pitch] + from[pitch + 3];
+            const int far = from[6] + from[pitch + 6] + from[2 * pitch] + from[2 * pitch + 3];
+            *to++ = static_cast<std::uint8_t>((141 * near + 100 * far) / 964);
+        }
+}
+
 } // namespace
 
-const ResampleKernels plainResampleKernels = { spread, mixRows, widen, mixWide, average };
+const ResampleKernels plainResampleKernels = { spread, mixRows, widen, mixWide, average, halve };
 
 } // namespace kez

@@ -47,9 +47,46 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
     }
 }
 
+// Every second pixel, two in all, in 16 bits.
+__m128i secondPixels(const std::uint8_t* at)
+{
+    int left, right;
+    std::memcpy(&left, at, sizeof left);
+    std::memcpy(&right, at + 6, sizeof right);
+    const __m128i both = _mm_unpacklo_epi32(_mm_cvtsi32_si128(left), _mm_cvtsi32_si128(right));
+    return _mm_unpacklo_epi8(both, _mm_setzero_si128());
+}
+
+void halveTwo(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch)
+{
+    typedef std::uint16_t Halves __attribute__((vector_size(16)));
+    const auto at = [&](std::size_t row, std::size_t byte) {
+        return Halves(secondPixels(from + row * pitch + byte));
+    };
+    const Halves near = at(0, 0) + at(0, 3) + at(1, 0) + at(1, 3);
+    const Halves far = at(0, 6) + at(1, 6) + at(2, 0) + at(2, 3);
+    const __m128i quarter = __m128i(quarterOfHalving(near, far));
+    const __m128i words = _mm_srli_epi16(
+        _mm_mulhi_epu16(quarter, _mm_set1_epi16(halvingInverse)), halvingInverseBits);
+    const __m128i packed = _mm_packus_epi16(words, words);
+    const int left = _mm_cvtsi128_si32(packed);
+    const int right = _mm_cvtsi128_si32(_mm_srli_si128(packed, 4));
+    std::memcpy(to, &left, sizeof left);
+    std::memcpy(to + 3, &right, sizeof right);
+}
+
+void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::size_t count)
+{
+    std::size_t x = 0;
+    for (; x + 2 <= count; x += 2)
+        halveTwo(to + 3 * x, from + 6 * x, pitch);
+    if (x < count)
+        halveOne(to + 3 * x, from + 6 * x, pitch);
+}
+
 } // namespace
 
 const ResampleKernels sse2ResampleKernels
-    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average };
+    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average, halve };
 
 } // namespace kez

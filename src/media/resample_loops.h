@@ -38,6 +38,26 @@ void mixSpreadRows(std::uint8_t* to, const std::uint16_t* upper, const std::uint
             static_cast<std::uint16_t>(upper[i] * up + lower[i] * low) >> 8);
 }
 
+// A quarter of 141 near + 100 far, which 16 bits hold where both are sums of four bytes.
+template <class Halves>
+Halves quarterOfHalving(Halves near, Halves far)
+{
+    return 35 * near + 25 * far + (near >> 2);
+}
+
+// 2²³ by 241, rounded up; the division of such a quarter by a quarter of 964 is exact with it.
+constexpr short halvingInverse = static_cast<short>(34808);
+constexpr int halvingInverseBits = 23 - 16;
+
+void halveOne(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch)
+{
+    for (std::size_t byte = 0; byte < 3; ++byte, ++from) {
+        const int near = from[0] + from[3] + from[pitch] + from[pitch + 3];
+        const int far = from[6] + from[pitch + 6] + from[2 * pitch] + from[2 * pitch + 3];
+        to[byte] = static_cast<std::uint8_t>((141 * near + 100 * far) / 964);
+    }
+}
+
 typedef double FourDoubles __attribute__((vector_size(32)));
 
 void widenPixels(double* to, const std::uint8_t* from, std::size_t count)

@@ -89,7 +89,7 @@ void unpackLiterals(
 void unpackRun(const Bgr& colour, std::size_t count, Target& out, bool isWide)
 {
     if (isWide) {
-        const std::uint64_t pixel = colour[0] | colour[1] << 8 | colour[2] << 16;
+        const auto pixel = static_cast<std::uint64_t>(colour[0] | colour[1] << 8 | colour[2] << 16);
         const std::array<std::uint64_t, 3> words { pixel | pixel << 24 | pixel << 48,
             pixel >> 16 | pixel << 8 | pixel << 32 | pixel << 56,
             pixel >> 8 | pixel << 16 | pixel << 40 };

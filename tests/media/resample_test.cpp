@@ -62,6 +62,14 @@ TEST(Resample, agreesWithThePlainRuleAtEverySize)
         const Picture source = noise(sw, sh, 7);
         expectThePlainRule(source, sw, sh, 320, 240);
     }
+    // Halving, with every rest of its steps, and with the greatest sums.
+    for (int half = 2; half < 14; ++half) {
+        expectThePlainRule(
+            noise(2 * half, 2 * half + 4, 9), 2 * half, 2 * half + 4, half, half + 2);
+        const Picture white(noise(2 * half, 8, 9).size(), 255);
+        expectThePlainRule(white, 2 * half, 8, half, 4);
+    }
+    expectThePlainRule(noise(320, 240, 10), 320, 240, 160, 120);
     // Weights that return after a few rows, that never do, and that take more than 15 bits.
     for (const auto& [sw, sh, dw, dh] : { std::array { 1024, 768, 160, 120 },
              std::array { 811, 602, 97, 61 }, std::array { 1280, 1000, 32, 24 } }) {
