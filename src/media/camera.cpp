@@ -110,7 +110,7 @@ void Camera::shutDown()
 bool Camera::awaitWorker()
 {
     if (worker_ == nullptr)
-        return true;
+        return isIdle();
     const bool ended
         = (quitting && isIdle()) || WaitForSingleObject(worker_, endWaitMs) == WAIT_OBJECT_0;
     CloseHandle(worker_);
@@ -145,7 +145,7 @@ bool Camera::startWorker()
     platform::holdLibrary();
     worker_ = CreateThread(nullptr, 0, work, this, 0, &id);
     if (worker_ != nullptr)
-        return true;
+        return isIdle();
     reportLastError("Camera: no thread for command %d.", currentCommand_.load());
     platform::letLibraryGo();
     currentCommand_ = NoCommand;

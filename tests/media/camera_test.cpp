@@ -288,6 +288,25 @@ TEST_F(CameraLink, canBeStoppedAndStartedWhileTheCameraIsBusyForEver)
     EXPECT_TRUE(link.isReady());
 }
 
+// A release waits in vain; when the program ends, the worker is still in the driver.
+TEST_F(CameraLink, leavesADriverAloneThatDoesNotReturn)
+{
+    fake.take();
+    fake.lineMs = 10000;
+    connect();
+    while (!link.isUploading()) {
+        link.tick();
+        Sleep(1);
+    }
+    const int calls = fake.calls;
+    link.shutDown();
+    link.shutDown();
+    EXPECT_EQ(fake.calls, calls);
+    settle();
+    link.shutDown();
+    EXPECT_EQ(fake.calls, calls + 2); // the line has come over, and the camera was closed
+}
+
 TEST_F(CameraLink, refusesPicturesThatDoNotFit)
 {
     constexpr int most = static_cast<int>(Camera::rawBytes);
