@@ -145,7 +145,7 @@ bool Camera::startWorker()
     platform::holdLibrary();
     worker_ = CreateThread(nullptr, 0, work, this, 0, &id);
     if (worker_ != nullptr)
-        return isIdle();
+        return true;
     reportLastError("Camera: no thread for command %d.", currentCommand_.load());
     platform::letLibraryGo();
     currentCommand_ = NoCommand;
