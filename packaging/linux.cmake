@@ -10,9 +10,12 @@ file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_L
 
 # Libraries that hosts link are numbered by the interface that they offer.
 set_target_properties(kez kez_winapi PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 0)
-set_target_properties(kez kez_winapi qxdcdll PROPERTIES INSTALL_RPATH "$ORIGIN")
-set_target_properties(kez-player PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
-set_target_properties(kez-tool PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+set_target_properties(kez kez_winapi qxdcdll PROPERTIES
+    INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON)
+# The build's path is to be no shorter than the installed one: CMake fills it up with colons, and an
+# empty part of it stands for the current directory, where no library is to be looked for.
+set_target_properties(kez-player kez-tool PROPERTIES
+    INSTALL_RPATH "$ORIGIN/${libraries}" BUILD_RPATH "$ORIGIN/${libraries}")
 install(TARGETS kez-player kez-tool kez kez_winapi qxdcdll)
 
 # For hosts: the class, the Win32 names that it is declared with, and two ways to find them.
