@@ -29,7 +29,11 @@ struct PickedColumns {
     std::int32_t runLength;
 };
 
+/// The shortest span that `SpanKernels::copy` takes.
+constexpr std::size_t leastCopied = 64;
+
 struct SpanKernels {
+    void (*copy)(std::uint32_t* to, const std::uint8_t* from, std::size_t count);
     void (*palette)(std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette,
         std::size_t count);
     // By ZeroOpacity:

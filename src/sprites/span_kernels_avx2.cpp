@@ -5,6 +5,7 @@
 namespace kez {
 
 const SpanKernels avx2SpanKernels = {
+    .copy = copyVectors<Avx2Vectors>,
     .palette = paletteVectors<Avx2Vectors>,
     .blend = { blendVectors<Avx2Vectors, ZeroOpacity::Blends>,
         blendVectors<Avx2Vectors, ZeroOpacity::Keeps> },

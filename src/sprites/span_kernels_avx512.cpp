@@ -5,6 +5,7 @@
 namespace kez {
 
 const SpanKernels avx512SpanKernels = {
+    .copy = copyVectors<Avx512Vectors>,
     .palette = paletteVectors<Avx512Vectors>,
     .blend = { blendVectors<Avx512Vectors, ZeroOpacity::Blends>,
         blendVectors<Avx512Vectors, ZeroOpacity::Keeps> },

@@ -32,6 +32,12 @@ std::uint32_t entry(const std::uint8_t* palette, std::uint8_t index)
     return loadWord(palette + std::size_t { 4 } * index);
 }
 
+void copy(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        to[i] = loadWord(from + 4 * i);
+}
+
 void palette(
     std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette, std::size_t count)
 {
@@ -103,6 +109,7 @@ void quarterTurn(const QuarterTurn& turn)
 } // namespace
 
 const SpanKernels plainSpanKernels = {
+    .copy = copy,
     .palette = palette,
     .blend = { blend<ZeroOpacity::Blends>, blend<ZeroOpacity::Keeps> },
     .blendPlane = { blendPlane<ZeroOpacity::Blends>, blendPlane<ZeroOpacity::Keeps> },

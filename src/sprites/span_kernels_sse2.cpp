@@ -5,6 +5,7 @@
 namespace kez {
 
 const SpanKernels sse2SpanKernels = {
+    .copy = copyVectors<Sse2Vectors>,
     .palette = paletteVectors<Sse2Vectors>,
     .blend = { blendVectors<Sse2Vectors, ZeroOpacity::Blends>,
         blendVectors<Sse2Vectors, ZeroOpacity::Keeps> },

@@ -74,6 +74,16 @@ void blendVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count
     }
 }
 
+/// The last step overlaps the one before it.
+template <class V>
+void copyVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+{
+    static_assert(leastCopied >= V::lanes);
+    for (std::size_t i = 0; i + V::lanes < count; i += V::lanes)
+        V::store(to + i, V::load(from + 4 * i));
+    V::store(to + count - V::lanes, V::load(from + 4 * (count - V::lanes)));
+}
+
 /// The last bytes of a span, as many as a vector has lanes.
 template <class V>
 struct LastBytes {

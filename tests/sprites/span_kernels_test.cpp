@@ -104,6 +104,14 @@ const std::uint8_t* pixelsOf(const Sources& sources, std::size_t count)
 std::vector<Kernel> allKernels()
 {
     std::vector<Kernel> kernels = {
+        { "copy",
+            [](auto& k, auto* to, auto& from, auto n) {
+                // Short spans never reach the kernels.
+                if (&k == &plainSpanKernels)
+                    k.copy(to, pixelsOf(from, n), n);
+                else
+                    copySpan(to, pixelsOf(from, n), n);
+            } },
         { "palette",
             [](auto& k, auto* to, auto& from, auto n) {
                 k.palette(to, from.indices.data(), from.palette.data(), n);
