@@ -130,26 +130,6 @@ TEST(Kernel, moduleNamesAreFullPathsAndAreCutToTheRoomGiven)
     EXPECT_EQ(GetModuleHandleA("no-such-driver"), nullptr);
 }
 
-TEST(Kernel, globalMemoryIsCountedLockedAndFreedOnce)
-{
-    const HGLOBAL moveable = GlobalAlloc(GHND, 10);
-    auto* bytes = static_cast<BYTE*>(GlobalLock(moveable));
-    ASSERT_NE(bytes, nullptr);
-    EXPECT_EQ(std::string(bytes, bytes + 10), std::string(10, '\0'));
-    EXPECT_EQ(GlobalHandle(bytes), moveable);
-    EXPECT_EQ(GlobalLock(moveable), bytes);
-    EXPECT_EQ(GlobalSize(moveable), 10u);
-    EXPECT_TRUE(GlobalUnlock(moveable));
-    EXPECT_FALSE(GlobalUnlock(moveable));
-    EXPECT_EQ(GetLastError(), NO_ERROR);
-    EXPECT_EQ(GlobalFree(moveable), nullptr);
-    EXPECT_EQ(GlobalFree(moveable), moveable);
-    EXPECT_EQ(GlobalLock(moveable), nullptr);
-    const HGLOBAL fixed = GlobalAlloc(GPTR, 0);
-    EXPECT_EQ(GlobalLock(fixed), fixed);
-    EXPECT_EQ(GlobalFree(fixed), nullptr);
-}
-
 TEST(Kernel, mulDivRoundsHalvesAwayFromZero)
 {
     EXPECT_EQ(MulDiv(5, 1, 2), 3);

@@ -211,13 +211,3 @@ DWORD GetTickCount()
 {
     return timeGetTime();
 }
-
-MMRESULT timeBeginPeriod(UINT milliseconds)
-{
-    return milliseconds == 0 ? TIMERR_NOCANDO : TIMERR_NOERROR;
-}
-
-MMRESULT timeEndPeriod(UINT milliseconds)
-{
-    return timeBeginPeriod(milliseconds);
-}

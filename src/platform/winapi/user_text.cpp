@@ -1,24 +1,14 @@
 // SPDX-License-Identifier: MIT
-/// The user interface's small change: rectangles, names of messages, formatted texts and the
-/// message box.
+/// The user interface's small change: names of messages and the message box.
 #include "display_window.h"
 #include "winbase.h"
 #include "winuser.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cstdarg>
 #include <cstdio>
 #include <string>
 #include <vector>
-
-BOOL WINAPI SetRect(LPRECT area, int left, int top, int right, int bottom)
-{
-    if (area == nullptr)
-        return FALSE;
-    *area = { left, top, right, bottom };
-    return TRUE;
-}
 
 UINT WINAPI RegisterWindowMessageA(LPCSTR name)
 {
@@ -39,16 +29,6 @@ UINT WINAPI RegisterWindowMessageA(LPCSTR name)
     if (found == names.end())
         names.push_back(key);
     return first + index;
-}
-
-int WINAPI wsprintfA(LPSTR into, LPCSTR format, ...)
-{
-    constexpr std::size_t largest = 1024;
-    std::va_list arguments;
-    va_start(arguments, format);
-    const int length = std::vsnprintf(into, largest, format, arguments);
-    va_end(arguments);
-    return length < static_cast<int>(largest) ? length : static_cast<int>(largest) - 1;
 }
 
 int WINAPI MessageBoxA(HWND, LPCSTR text, LPCSTR caption, UINT type)

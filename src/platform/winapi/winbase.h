@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// The kernel's part of the Win32 names: time, threads, the last error and its text, libraries
-/// loaded by name, memory by handle, and diagnostics. Values and failure rules are the platform's;
+/// loaded by name, rounding, and diagnostics. Values and failure rules are the platform's;
 /// what a program of ours does not use is absent. Every function may be called on any thread.
 #pragma once
 
@@ -56,12 +56,6 @@
 #define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x00000002u
 #define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x00000004u
 
-#define GMEM_FIXED 0x0000u
-#define GMEM_MOVEABLE 0x0002u
-#define GMEM_ZEROINIT 0x0040u
-#define GHND (GMEM_MOVEABLE | GMEM_ZEROINIT)
-#define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
-
 using LPSECURITY_ATTRIBUTES = struct SecurityAttributes*; // only null is ever passed
 using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID);
 using FARPROC = INT_PTR(WINAPI*)();
@@ -106,13 +100,6 @@ BOOL WINAPI GetModuleHandleExA(DWORD flags, LPCSTR address, HMODULE* library);
 /// The full path of a library's file, or of the program's (null). Returns the length; a path that
 /// does not fit is cut and the size is returned.
 DWORD WINAPI GetModuleFileNameA(HMODULE library, LPSTR path, DWORD pathSize);
-
-HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T bytes);
-HGLOBAL WINAPI GlobalFree(HGLOBAL memory); ///< Null on success, the handle on failure.
-LPVOID WINAPI GlobalLock(HGLOBAL memory);
-BOOL WINAPI GlobalUnlock(HGLOBAL memory); ///< FALSE and NO_ERROR when the last lock is gone.
-SIZE_T WINAPI GlobalSize(HGLOBAL memory);
-HGLOBAL WINAPI GlobalHandle(LPCVOID address);
 
 /// number × numerator / denominator, rounded to nearest, halves away from 0; −1 when it does not
 /// fit or the denominator is 0.

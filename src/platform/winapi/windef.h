@@ -53,7 +53,6 @@ using LPCSTR = const char*;
 
 using HANDLE = void*;
 using HGDIOBJ = void*;
-using HGLOBAL = void*;
 DECLARE_HANDLE(HWND);
 DECLARE_HANDLE(HDC);
 DECLARE_HANDLE(HINSTANCE);

@@ -3,8 +3,7 @@
 /// at the screen's origin, so positions on the screen and in the window are the same: pixels of
 /// the window's own picture, however large it is shown.
 ///
-/// All windows belong to one thread; it alone may call what is declared here, MessageBoxA and
-/// wsprintfA excepted.
+/// All windows belong to one thread; it alone may call what is declared here, MessageBoxA excepted.
 ///
 /// Nothing is on a display before `ShowWindow`: a program that never shows its window needs none.
 #pragma once
@@ -287,11 +286,8 @@ BOOL WINAPI EndPaint(HWND window, const PAINTSTRUCT* paint);
 int WINAPI FillRect(HDC context, const RECT* area, HBRUSH brush);
 int WINAPI DrawTextA(HDC context, LPCSTR text, int count, LPRECT area, UINT format);
 
-// Rectangles and texts.
-BOOL WINAPI SetRect(LPRECT area, int left, int top, int right, int bottom);
 /// A message number from 0xC000 to 0xFFFF, the same for every use of a name; 0 on failure.
 UINT WINAPI RegisterWindowMessageA(LPCSTR name);
-int WINAPI wsprintfA(LPSTR into, LPCSTR format, ...); ///< At most 1023 characters.
 
 /// Bitmaps from BMP files only: IMAGE_BITMAP with LR_LOADFROMFILE and LR_CREATEDIBSECTION, the path
 /// as the system writes it. (A program has no bitmaps as resources here.) The bitmap holds 24 bits
