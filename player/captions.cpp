@@ -19,10 +19,7 @@ constexpr DWORD lingerMs = 800;
 
 void Captions::read(const std::string& file)
 {
-    const auto bytes = files::read(file);
-    if (!bytes)
-        return;
-    std::istringstream input(std::string(bytes->begin(), bytes->end()));
+    std::istringstream input(files::readText(file).value_or(""));
     for (std::string line; std::getline(input, line);) {
         if (line.ends_with('\r'))
             line.pop_back();

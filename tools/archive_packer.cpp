@@ -174,13 +174,12 @@ private:
 PackedFolder packFolder(const std::string& folder, const std::string& manifestFile)
 {
     const std::string manifest = folder + "/" + manifestFile;
-    const auto text = files::read(manifest);
+    const auto text = files::readText(manifest);
     if (!text)
         throw UserError(manifest
             + ": there is no such manifest; write one with a line \"sprite NAME\" for each "
               "picture");
-    const std::vector<ManifestItem> items
-        = parseManifest(manifest, { reinterpret_cast<const char*>(text->data()), text->size() });
+    const std::vector<ManifestItem> items = parseManifest(manifest, *text);
     if (items.empty())
         throw UserError(manifest + ": it names no sprite; write a line \"sprite NAME\" for each");
     Packer packer(folder, manifest);

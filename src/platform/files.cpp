@@ -65,6 +65,16 @@ std::uint64_t size(std::string_view path)
     return isFile ? bytes : 0;
 }
 
+std::optional<std::string> readText(std::string_view path)
+{
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    const auto bytes = read(path);
+    if (!bytes)
+        return std::nullopt;
+    const std::string text(bytes->begin(), bytes->end());
+    return text.starts_with(mark) ? text.substr(mark.size()) : text;
+}
+
 std::optional<Bytes> read(std::string_view path, std::uint64_t limit)
 {
     Reader reader(path);

@@ -44,6 +44,9 @@ constexpr std::uint64_t largestRead = 1ull << 30;
 /// ends early.
 [[nodiscard]] std::optional<Bytes> read(std::string_view path, std::uint64_t limit = largestRead);
 
+/// The whole file as text, without the mark that some editors put before UTF-8.
+[[nodiscard]] std::optional<std::string> readText(std::string_view path);
+
 /// Exactly `into.size()` bytes from `offset` on; false when the file has fewer.
 [[nodiscard]] bool readAt(
     std::string_view path, std::uint64_t offset, std::span<std::uint8_t> into);

@@ -26,7 +26,8 @@ protected:
 
 TEST_F(CaptionsTest, showALineWhileItIsSaid)
 {
-    read("1\tHello!\r\n5\tSave\tit.\n100\tHelp\n");
+    read("\xEF\xBB\xBF"
+         "1\tHello!\r\n5\tSave\tit.\n100\tHelp\n");
     EXPECT_EQ(captions.text(start), "");
     captions.say(1, 4000, start);
     EXPECT_EQ(captions.text(start + 4000), "Hello!");
