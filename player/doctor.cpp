@@ -3,6 +3,7 @@
 
 #include "start_checks.h"
 
+#include "media/sound_record.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -20,16 +21,29 @@ Finding examineContent(const std::string& content)
         problem.empty() ? "The pictures of the screens are in " + content + "." : problem };
 }
 
+bool canBePlayed(const std::string& file)
+{
+    const files::Bytes record = files::read(file).value_or(files::Bytes {});
+    const auto header = readSoundHeader(record);
+    return header && soundBlock(record, *header);
+}
+
 Finding examineVoice(const std::string& content, const std::string& language)
 {
     const std::string folder = voiceDirectory(content, language) + "/audio";
-    const std::size_t clips = files::list(folder, "wv5").size();
-    if (clips != 0)
-        return { "voice", true, std::to_string(clips) + " sounds are in " + folder + "." };
+    const std::vector<files::Entry> clips = files::list(folder, "wv5");
+    if (clips.empty())
+        return { "voice", false,
+            folder
+                + " holds no sounds, so the guide is silent. Build the content (./run does), or "
+                  "choose another --language." };
+    const auto silent = std::ranges::count_if(clips,
+        [&folder](const files::Entry& clip) { return !canBePlayed(folder + '/' + clip.name); });
+    if (silent == 0)
+        return { "voice", true, std::to_string(clips.size()) + " sounds are in " + folder + "." };
     return { "voice", false,
-        folder
-            + " holds no sounds, so the guide is silent. Build the content (./run does), or "
-              "choose another --language." };
+        std::to_string(silent) + " of " + std::to_string(clips.size()) + " sounds in " + folder
+            + " are damaged and stay silent. Build the content anew (./run does)." };
 }
 
 Finding examineData(const std::string& data)

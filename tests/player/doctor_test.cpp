@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "player/doctor.h"
 
+#include "media/sound_record_bytes.h"
 #include "platform/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -26,7 +27,7 @@ protected:
                         "a.sp5\0"
                         "\1\2",
                 12));
-        home.put("content/audio/kez01.wv5", "hello");
+        home.put("content/audio/kez01.wv5", test::SoundRecord { .packed = { 128, 128 } }.text());
         home.put("store/photo/~1.cam", "picture");
         home.put("file", "no folder");
         options.diskBudget = 0;
@@ -58,6 +59,8 @@ TEST_F(DoctorTest, namesWhatIsMissingAndTheRemedy)
     places.content = home / "content";
     home.put("content/data/kez.wad", "DIF1 and no more");
     EXPECT_THAT(report(), HasSubstr("kez.wad is damaged"));
+    home.put("content/audio/kez02.wv5", "hello");
+    EXPECT_THAT(report(), HasSubstr("1 of 2 sounds"));
     options.language = "xx";
     EXPECT_THAT(report(), HasSubstr("choose another --language"));
     options.language = "en";
