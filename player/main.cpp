@@ -23,13 +23,12 @@ std::optional<std::vector<Step>> readVisit(const std::string& file)
 {
     if (file.empty())
         return std::vector<Step> {};
-    const auto bytes = kez::files::read(fs::absolute(file).string());
-    if (!bytes) {
+    const auto text = kez::files::readText(fs::absolute(file).string());
+    if (!text) {
         std::cerr << file << ": the visit cannot be read\n";
         return std::nullopt;
     }
-    const auto parsed
-        = parseVisit(std::string_view(reinterpret_cast<const char*>(bytes->data()), bytes->size()));
+    const auto parsed = parseVisit(*text);
     if (const auto* fault = std::get_if<VisitFault>(&parsed)) {
         std::cerr << file << ':' << fault->line << ": " << fault->message << '\n';
         return std::nullopt;
@@ -44,7 +43,7 @@ ExitCode callDoctor(const Options& options, const Places& places)
         findings.push_back(std::move(finding));
     std::cout << reportOn(findings);
     const bool allFine = std::ranges::all_of(findings, &Finding::isFine);
-    return allFine ? ExitCode::Fine : ExitCode::CouldNotStart;
+    return allFine ? ExitCode::Fine : ExitCode::Failed;
 }
 
 } // namespace

@@ -15,8 +15,9 @@ constexpr const char* description
 constexpr const char* keys
     = "Keys: C camera, B photo book, Q or Escape quit, arrows and Enter on the "
       "desk; F11 full screen.\n"
-      "Ends with 0 when all went well, 1 when it could not start or --doctor found "
-      "something missing, 2 on wrong usage, 3 when a step of a visit failed.";
+      "Ends with 0 when all went well, 1 when it could not start, --doctor found something "
+      "missing or --handed-back cannot be written, 2 on wrong usage, 3 when a step of a visit "
+      "failed.";
 
 // A source that the camera driver knows; empty when `text` is one, else the complaint.
 std::string checkCamera(const std::string& text)
@@ -89,6 +90,13 @@ void addVisits(CLI::App& app, Options& options)
     app.add_flag("--verbose", options.verbose, "Show diagnostics on standard error");
 }
 
+// Without a window nobody could ever end it.
+void refuseEndless(const Options& options)
+{
+    if (options.headless && options.visit.empty() && !options.doctor)
+        throw CLI::RequiresError("--headless", "--visit FILE, the steps to play without a window");
+}
+
 } // namespace
 
 Usage readOptions(int count, const char* const* arguments, const Options& defaults,
@@ -103,6 +111,7 @@ Usage readOptions(int count, const char* const* arguments, const Options& defaul
     addVisits(app, usage.options);
     try {
         app.parse(count, arguments);
+        refuseEndless(usage.options);
         usage.start = true;
     } catch (const CLI::ParseError& error) {
         const bool asked = app.exit(error, out, err) == 0;

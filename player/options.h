@@ -9,7 +9,7 @@
 namespace kez::player {
 
 /// How the program ends, for scripts that start it.
-enum class ExitCode { Fine = 0, CouldNotStart = 1, BadUsage = 2, VisitFailed = 3 };
+enum class ExitCode { Fine = 0, Failed = 1, BadUsage = 2, VisitFailed = 3 };
 
 enum class Activity { Camera, Book };
 

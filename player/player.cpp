@@ -87,7 +87,7 @@ Player::Player(const Options& options, Places places, std::vector<Step> steps)
 ExitCode Player::play()
 {
     if (!prepare())
-        return ExitCode::CouldNotStart;
+        return ExitCode::Failed;
     const OpenModule module(window_->handle(), sound_.get(), *display_, places_.data);
     enterVoices();
     notes_ = startNotes();
@@ -127,7 +127,21 @@ bool Player::prepare()
     // Without a window nobody listens, and a visit's clock is not the sound's.
     if (!options_.headless)
         sound_ = makeSoundOutput(window_->handle());
-    return prepareGuide();
+    return prepareGuide() && claimData();
+}
+
+// Two at once would give their pictures the same names, and each write over the other's.
+bool Player::claimData()
+{
+    std::error_code ignored; // whether it can be written is told later
+    std::filesystem::create_directories(places_.data, ignored);
+    claim_.emplace(places_.data);
+    if (claim_->isRefused())
+        return complain("The pictures in " + places_.data
+            + " are open in another Kez. Close that one first, or keep other pictures with "
+              "--data DIR.");
+    removeUnfinished(places_.data);
+    return true;
 }
 
 // The language's voice, captions and log.
@@ -235,8 +249,10 @@ void Player::endRun()
     desk_->setNotes(notes_ + copied);
     HandedBack handedBack = takeHandedBack();
     if (!places_.handedBack.empty() && !handedBack.picture.empty()
-        && !writePng(places_.handedBack, handedBack.picture))
+        && !writePng(places_.handedBack, handedBack.picture)) {
         std::cerr << "kez-player: " << places_.handedBack << " cannot be written\n";
+        exitCode_ = ExitCode::Failed;
+    }
     desk_->lay(std::move(handedBack));
     drawDesk();
 }

@@ -14,6 +14,8 @@
 #include "sound_output.h"
 #include "visit_player.h"
 
+#include "platform/desktop.h"
+
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -36,6 +38,7 @@ public:
 private:
     bool prepare();
     bool prepareGuide();
+    bool claimData();
     void enterVoices();
     void note(const std::string& event);
     [[nodiscard]] std::string startNotes();
@@ -83,6 +86,7 @@ private:
     ComPointer<IDirectSound> sound_;
     Captions captions_;
     std::ofstream log_;
+    std::optional<desktop::Claim> claim_; ///< To the pictures' directory.
     ComPointer<IDirectDrawSurface> paper_;
     std::unique_ptr<Desk> desk_;
     std::string notes_; ///< What is wrong but bearable since the start.

@@ -3,8 +3,10 @@
 
 #include "media/resource_archive.h"
 #include "platform/files.h"
+#include "platform/path_names.h"
 
 #include <array>
+#include <chrono>
 #include <filesystem>
 
 namespace kez::player {
@@ -54,6 +56,22 @@ std::string dataNote(const std::string& data)
     return data + (isDirectory ? " cannot be written" : " is no directory and cannot become one")
         + ": no picture will be kept. Choose another place with --data DIR, or change who may "
           "write there.\n";
+}
+
+void removeUnfinished(const std::string& data)
+{
+    namespace fs = std::filesystem;
+    const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    std::error_code ignored; // what cannot be removed does no harm
+    for (const char* folder : { "photo", "clipboard", "export" }) {
+        for (fs::directory_iterator file(fs::path(data) / folder, ignored), end; file != end;
+             file.increment(ignored)) {
+            const std::u8string name = file->path().filename().u8string();
+            if (files::isBesideName({ reinterpret_cast<const char*>(name.data()), name.size() })
+                && file->last_write_time(ignored) < longAgo)
+                fs::remove(file->path(), ignored);
+        }
+    }
 }
 
 int countCameraPictures(const std::string& data)

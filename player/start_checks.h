@@ -16,6 +16,10 @@ namespace kez::player {
 /// nothing.
 [[nodiscard]] std::string dataNote(const std::string& data);
 
+/// Removes what crashes left half written in the store, unless it is so young that somebody may be
+/// writing it now.
+void removeUnfinished(const std::string& data);
+
 /// The pictures of the camera screen's cells that are in the store.
 [[nodiscard]] int countCameraPictures(const std::string& data);
 

@@ -3,6 +3,7 @@
 /// runs, where diagnostics are shown.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace kez::desktop {
@@ -23,6 +24,23 @@ namespace kez::desktop {
 /// that called this, sleeps: it then jumps to the earliest wake-up. A visit thus plays as fast as
 /// the machine allows, and the same way each time. On Windows nothing changes: time is real there.
 void useScriptClock(unsigned start = 1000);
+
+/// A program's claim to a directory: of all programs that ask, one has it at a time. The system
+/// gives it back however the program ends. Where claims cannot be made (a directory that may only
+/// be read, a network's) nobody is kept out.
+class Claim {
+public:
+    explicit Claim(const std::string& directory);
+    ~Claim();
+    Claim(const Claim&) = delete;
+    Claim& operator=(const Claim&) = delete;
+
+    [[nodiscard]] bool isRefused() const { return refused_; } ///< Another has it.
+
+private:
+    std::intptr_t handle_;
+    bool refused_ = false;
+};
 
 /// A windowed program that was started from a console on Windows writes there, unless its output
 /// goes elsewhere already. On Linux every program does.

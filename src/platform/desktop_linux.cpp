@@ -4,13 +4,16 @@
 #include "control_kernel.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <string_view>
 
+#include <fcntl.h>
 #include <pwd.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace kez::desktop {
@@ -86,6 +89,20 @@ std::string programDirectory()
 void useScriptClock(unsigned start)
 {
     winapi::useScriptClock(start);
+}
+
+// The directory itself is locked, so that nothing is left in it.
+Claim::Claim(const std::string& directory)
+    : handle_(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    refused_ = handle_ >= 0 && ::flock(static_cast<int>(handle_), LOCK_EX | LOCK_NB) != 0
+        && errno == EWOULDBLOCK;
+}
+
+Claim::~Claim()
+{
+    if (handle_ >= 0)
+        ::close(static_cast<int>(handle_));
 }
 
 void useConsoleOfCaller() { }

@@ -53,6 +53,22 @@ std::string programDirectory()
 
 void useScriptClock(unsigned) { } // time is real on Windows
 
+// A file that nobody else may open, and that goes with its last handle.
+Claim::Claim(const std::string& directory)
+    : handle_(reinterpret_cast<std::intptr_t>(
+        CreateFileA((directory + "\\in-use.lock").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+            FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr)))
+    , refused_(reinterpret_cast<HANDLE>(handle_) == INVALID_HANDLE_VALUE
+          && GetLastError() == ERROR_SHARING_VIOLATION)
+{
+}
+
+Claim::~Claim()
+{
+    if (const auto file = reinterpret_cast<HANDLE>(handle_); file != INVALID_HANDLE_VALUE)
+        CloseHandle(file);
+}
+
 void useConsoleOfCaller()
 {
     const bool isTaken = GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) != FILE_TYPE_UNKNOWN

@@ -61,7 +61,7 @@ TEST(Options, refuseWhatIsOutOfRange)
     const std::vector<std::vector<const char*>> cases { { "--depth", "8" }, { "--depth", "x" },
         { "--disk-budget", "-1" }, { "--disk-budget", "2147483648" }, { "--module", "album" },
         { "--camera", "webcam" }, { "--camera", "folder:" }, { "--data" }, { "stray" },
-        { "--pictures", "p", "--no-pictures" }, { "--unknown" } };
+        { "--pictures", "p", "--no-pictures" }, { "--unknown" }, { "--headless" } };
     for (const auto& arguments : cases) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         const Answer refused = answer(arguments);
