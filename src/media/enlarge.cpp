@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/enlarge.h"
 
-#include "core/vector_level.h"
-#include "media/resample_kernels.h"
+#include "media/resample_levels.h"
 #include "media/sample_points.h"
 
 #include <algorithm>
@@ -14,11 +13,6 @@
 namespace kez {
 
 namespace {
-
-const ResampleKernels& resampleKernels()
-{
-    return *resampleKernelsOf[static_cast<std::size_t>(vectorLevel())];
-}
 
 /// Where an enlarged pixel lies between two source pixels.
 struct Between {

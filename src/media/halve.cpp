@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/halve.h"
 
-#include "core/vector_level.h"
-#include "media/resample_kernels.h"
+#include "media/resample_levels.h"
 
 #include <cstddef>
 
@@ -37,7 +36,7 @@ bool isHalving(int sw, int sh, int dw, int dh)
 
 void halvePicture(const std::uint8_t* source, int dw, int dh, std::uint8_t* to)
 {
-    const ResampleKernels& kernels = *resampleKernelsOf[static_cast<std::size_t>(vectorLevel())];
+    const ResampleKernels& kernels = resampleKernels();
     const std::size_t inner = static_cast<std::size_t>(dw) - 1;
     const std::size_t pitch = 6 * (inner + 1);
     for (int y = 0; y < dh - 1; ++y, source += 2 * pitch) {

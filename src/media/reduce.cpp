@@ -1,26 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "media/reduce.h"
 
-#include "core/vector_level.h"
 #include "media/halve.h"
-#include "media/resample_kernels.h"
+#include "media/resample_levels.h"
 #include "media/weight_rows.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numeric>
-#include <span>
 #include <vector>
 
 namespace kez {
 
 namespace {
-
-const ResampleKernels& resampleKernels()
-{
-    return *resampleKernelsOf[static_cast<std::size_t>(vectorLevel())];
-}
 
 // The rule as it reads, for any sizes.
 void averageArea(const std::uint8_t* source, std::ptrdiff_t pitch, const SampleArea& row,

@@ -62,7 +62,4 @@ extern const ResampleKernels plainResampleKernels;
 extern const ResampleKernels sse2ResampleKernels;
 extern const ResampleKernels avx2ResampleKernels;
 
-/// By vector level.
-extern const ResampleKernels* const resampleKernelsOf[];
-
 } // namespace kez

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // On machines without these vector levels the plain loops are all there is.
-#include "core/vector_level.h"
-#include "media/resample_kernels.h"
+#include "media/resample_levels.h"
 
 namespace kez {
 

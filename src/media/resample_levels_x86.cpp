@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "core/vector_level.h"
-#include "media/resample_kernels.h"
+#include "media/resample_levels.h"
 
 namespace kez {
 
