@@ -42,8 +42,8 @@ TEST(Mutations, ofStreamsAreExpandedOrRefused)
         for (const int byte : { 2, i, 77, 1, 9, 7, 0, 0, 0, 1 })
             stream.push_back(static_cast<std::uint8_t>(byte));
     stream.insert(stream.end(), { 0, 0 });
-    for (const std::uint8_t kind : { 2, 3 }) {
-        stream[1] = kind;
+    for (const int kind : { 2, 3 }) {
+        stream[1] = static_cast<std::uint8_t>(kind);
         fuzz::feedMutations(fuzz::feedDif1, stream, 10'000);
     }
 }
