@@ -44,9 +44,8 @@ void makeFolder(const fs::path& path)
 void copyFile(const fs::path& from, const fs::path& to)
 {
     if (!files::copy(from.string(), to.string()))
-        throw UserError(to.string()
-            + ": the file cannot be written; is there room and the right "
-              "to?");
+        throw UserError(
+            to.string() + ": the file cannot be written; is there room, and the right to?");
 }
 
 // Files of the one folder come over those of the other, with the folders below it.
