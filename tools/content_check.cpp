@@ -2,6 +2,7 @@
 #include "content_check.h"
 
 #include "platform/files.h"
+#include "platform/path_names.h"
 #include "sound_file.h"
 #include "sprite_pixels.h"
 #include "sprites/sprite_record.h"
@@ -242,6 +243,28 @@ void checkSound(
     }
 }
 
+// Any line of the guide: our own has some in reserve.
+bool isClipName(std::string_view name)
+{
+    return name.size() == 5 && files::sameName(name.substr(0, 3), "kez")
+        && name.find_first_not_of("0123456789", 3) == std::string_view::npos;
+}
+
+void noteUnplayed(const ContentNeeds& needs, const std::string& song, const std::string& folder,
+    Findings& findings)
+{
+    std::vector<std::string> played { song };
+    played.insert(played.end(), needs.sounds.begin(), needs.sounds.end());
+    for (const files::Entry& file : files::list(folder, "wv5")) {
+        const std::string name = file.name.substr(0, file.name.rfind('.'));
+        const auto isIt
+            = [&name](const std::string& other) { return files::sameName(name, other); };
+        if (!isClipName(name) && std::ranges::none_of(played, isIt))
+            findings.notes.push_back(
+                folder + "/" + file.name + " is played nowhere; is the name spelt right?");
+    }
+}
+
 } // namespace
 
 void checkPictures(
@@ -269,6 +292,7 @@ void checkSounds(const ContentNeeds& needs, const std::string& song, const std::
     for (const std::string& name : needs.clips)
         checkSound(folder, name, "something that the guide says", findings);
     checkSound(folder, song, "the song", findings);
+    noteUnplayed(needs, song, folder, findings);
 }
 
 } // namespace kez::tools

@@ -31,7 +31,8 @@ public:
 
     [[noreturn]] void fail(const std::string& path) const
     {
-        throw UserError(path + ": it is no sound PNG picture (" + image_.message + ')');
+        throw UserError(
+            path + ": it is no sound PNG picture (" + image_.message + "); export it anew as PNG");
     }
 
 private:

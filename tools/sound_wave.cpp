@@ -113,7 +113,8 @@ std::vector<float> readWave(const std::string& path, int rate)
     SF_INFO format {};
     const OpenSound file(sf_open(files::nativePath(path).c_str(), SFM_READ, &format));
     if (!file)
-        throw UserError(path + ": " + sf_strerror(nullptr));
+        throw UserError(path + ": " + sf_strerror(nullptr)
+            + " Export it anew as a WAV file, or leave it out to keep the sound that was there");
     if (format.channels < 1 || format.samplerate < 1)
         throw UserError(path + ": the file names no channel or no rate");
     std::vector<float> samples = readOneChannel(path, file.get(), format);

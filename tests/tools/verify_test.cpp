@@ -18,6 +18,7 @@
 using namespace kez;
 using namespace kez::test;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -167,8 +168,12 @@ TEST_F(Verifies, seesDamageAndWhatNobodyShows)
     EXPECT_THAT(verify(cut).errors, HasSubstr("extra.sp5: the sprite's pixels lie outside"));
     EXPECT_THAT(verify(recordOf("cursor", {})).errors, HasSubstr("there are two of that name"));
     EXPECT_THAT(verify("\x7f\x7f\x7f\x7fgarbage").errors, HasSubstr("the file is damaged"));
+    putSound("kez7");
+    putSound("kez11"); // in reserve
     const KezRun run = verify(recordOf("camTrashRol", {}));
     EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_THAT(run.out, HasSubstr("kez7.wv5 is played nowhere"));
+    EXPECT_THAT(run.out, Not(HasSubstr("kez11")));
     EXPECT_THAT(run.out, HasSubstr("camTrashRol.sp5 is shown by no screen"));
 }
 
