@@ -17,6 +17,7 @@
 #include <vector>
 
 #include <jpeglib.h>
+#include <unistd.h>
 
 namespace kez::bench {
 
@@ -50,7 +51,11 @@ const test::TemporaryFolder& folder()
     return only;
 }
 
-void encodeByLibrary(const std::string& path, const Bytes& pixels, const Size& size)
+// Written, or also safe on the disk, as ours is before it takes its place.
+enum class Written { ToCache, ToDisk };
+
+void encodeByLibrary(
+    const std::string& path, const Bytes& pixels, const Size& size, Written written)
 {
     jpeg_compress_struct info {};
     jpeg_error_mgr errors {};
@@ -71,6 +76,8 @@ void encodeByLibrary(const std::string& path, const Bytes& pixels, const Size& s
     }
     jpeg_finish_compress(&info);
     jpeg_destroy_compress(&info);
+    if (written == Written::ToDisk && (std::fflush(file) != 0 || fdatasync(fileno(file)) != 0))
+        std::abort();
     std::fclose(file);
 }
 
@@ -116,10 +123,9 @@ void addSize(const Size& size)
     add("jpeg/write_" + name + "/kez",
         [path, pixels, size] { writeJpeg(path.c_str(), pixels->data(), size.width, size.height); });
     add("jpeg/write_" + name + "/library",
-        [otherPath, pixels, size] { encodeByLibrary(otherPath, *pixels, size); });
-    // As ours keeps the old file until the new one is whole.
-    add("jpeg/write_" + name + "/library_and_rename", [otherPath, pixels, size] {
-        encodeByLibrary(otherPath + "~", *pixels, size);
+        [otherPath, pixels, size] { encodeByLibrary(otherPath, *pixels, size, Written::ToCache); });
+    add("jpeg/write_" + name + "/library_as_safely", [otherPath, pixels, size] {
+        encodeByLibrary(otherPath + "~", *pixels, size, Written::ToDisk);
         std::rename((otherPath + "~").c_str(), otherPath.c_str());
     });
     add("jpeg/read_" + name + "/kez", [path] {
