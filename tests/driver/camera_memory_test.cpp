@@ -65,6 +65,20 @@ TEST(CameraMemory, aPictureTakenWhileTheHostFetchesIsCountedAfterwards)
     EXPECT_EQ(camera.memory.readCounter(), 0);
 }
 
+TEST(CameraMemory, aHostThatLooksAfterAnUploadHasNotFinished)
+{
+    Numbered camera;
+    camera.take();
+    camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 2);
+    camera.moveTo(0);
+    EXPECT_EQ(camera.fetch(0), 1);
+    EXPECT_EQ(camera.memory.readCounter(), 0);
+    EXPECT_EQ(camera.memory.room(), 5) << "the second picture was erased";
+    camera.take();
+    EXPECT_EQ(camera.memory.readCounter(), 0);
+}
+
 TEST(CameraMemory, fetchingAllSixPlacesGivesWhatLiesInThem)
 {
     Numbered camera;
