@@ -72,34 +72,94 @@ void convert(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, 
     }
 }
 
-template <class Pixel>
-void unpackLiterals(
-    const Pixel& pixel, const std::uint8_t* stored, std::size_t count, Target& out, bool isWide)
-{
-    if (std::is_same_v<Pixel, WholeBytes<3>> && isWide) {
-        for (std::size_t done = 0; done < count * 3; done += Target::step)
-            std::memcpy(out.at + done, stored + done, Target::step);
-    } else {
-        convert(pixel, stored, count, out.at);
+// What a register holds. Patterns stay in registers: what was written as words just now cannot be
+// read back as pairs of them without a wait.
+typedef std::uint64_t Pair __attribute__((vector_size(16)));
+
+/// Sixteen pixels of one colour: a step.
+struct Pattern {
+    explicit Pattern(const Bgr& colour)
+    {
+        const std::uint64_t pixel = colour[0] | colour[1] << 8 | colour[2] << 16;
+        const std::uint64_t first = pixel | pixel << 24 | pixel << 48;
+        const std::uint64_t second = pixel >> 16 | pixel << 8 | pixel << 32 | pixel << 56;
+        const std::uint64_t third = pixel >> 8 | pixel << 16 | pixel << 40;
+        start = Pair { first, second };
+        middle = Pair { third, first };
+        end = Pair { second, third };
     }
-    out.at += count * 3;
+
+    Pair start;
+    Pair middle;
+    Pair end;
+};
+
+Pair loadPair(const std::uint8_t* from)
+{
+    Pair pair;
+    std::memcpy(&pair, from, sizeof pair);
+    return pair;
 }
 
-// Eight pixels as three words, so that nothing is read back from memory that was just written.
-void unpackRun(const Bgr& colour, std::size_t count, Target& out, bool isWide)
+void storeStep(std::uint8_t* out, Pair start, Pair middle, Pair end)
 {
-    if (isWide) {
-        const auto pixel = static_cast<std::uint64_t>(colour[0] | colour[1] << 8 | colour[2] << 16);
-        const std::array<std::uint64_t, 3> words { pixel | pixel << 24 | pixel << 48,
-            pixel >> 16 | pixel << 8 | pixel << 32 | pixel << 56,
-            pixel >> 8 | pixel << 16 | pixel << 40 };
-        for (std::size_t done = 0; done < count * 3; done += sizeof words)
-            std::memcpy(out.at + done, words.data(), sizeof words);
+    std::memcpy(out, &start, sizeof start);
+    std::memcpy(out + sizeof start, &middle, sizeof middle);
+    std::memcpy(out + 2 * sizeof start, &end, sizeof end);
+}
+
+// All further steps of a run or of literals. Most runs end within the first three.
+void fillFurther(const Pattern& pattern, std::size_t bytes, std::uint8_t* out)
+{
+    for (std::size_t done = Target::step; done < bytes; done += 3 * Target::step)
+        for (std::size_t step = done; step < done + 3 * Target::step; step += Target::step)
+            storeStep(out + step, pattern.start, pattern.middle, pattern.end);
+}
+
+void copyFurther(const std::uint8_t* stored, std::size_t bytes, std::uint8_t* out)
+{
+    for (std::size_t done = Target::step; done < bytes; done += Target::step)
+        std::memcpy(out + done, stored + done, Target::step);
+}
+
+// The first step of a run or of literals: nobody can foretell which it is, so nothing branches.
+void unpackStep(const Pattern& pattern, const std::uint8_t* stored, bool isRun, std::uint8_t* out)
+{
+    const std::uint64_t all = isRun ? ~std::uint64_t { 0 } : 0;
+    const Pair run = { all, all };
+    const auto either = [&](Pair repeated, std::size_t at) {
+        return (repeated & run) | (loadPair(stored + at) & ~run);
+    };
+    storeStep(out, either(pattern.start, 0), either(pattern.middle, 16), either(pattern.end, 32));
+}
+
+template <class Pixel>
+void unpackWide(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, bool isRun,
+    std::uint8_t* out)
+{
+    const std::size_t bytes = count * 3;
+    if constexpr (std::is_same_v<Pixel, WholeBytes<3>>) {
+        const Pattern pattern(pixel(stored));
+        unpackStep(pattern, stored, isRun, out);
+        if (bytes > Target::step)
+            isRun ? fillFurther(pattern, bytes, out) : copyFurther(stored, bytes, out);
+    } else if (isRun) {
+        const Pattern pattern(pixel(stored));
+        storeStep(out, pattern.start, pattern.middle, pattern.end);
+        fillFurther(pattern, bytes, out);
     } else {
-        for (std::size_t i = 0; i < count; ++i)
-            std::memcpy(out.at + i * 3, colour.data(), 3);
+        convert(pixel, stored, count, out);
     }
-    out.at += count * 3;
+}
+
+template <class Pixel>
+void unpackExactly(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, bool isRun,
+    std::uint8_t* out)
+{
+    for (std::size_t i = 0; isRun && i < count; ++i)
+        convert(pixel, stored, 1, out + i * 3);
+    if (!isRun)
+        convert(pixel, stored, count, out);
 }
 
 template <class Pixel>
@@ -125,12 +185,12 @@ String unpack(const Pixel& pixel, const TargaHeader& header, std::span<const std
             const auto left = static_cast<std::size_t>(end - in);
             if (left < bytes)
                 return targaEndsEarly(stored.size() + bytes - left, stored.size());
-            const bool isWide = out.isWide(left);
-            if (isRun)
-                unpackRun(pixel(in), count, out, isWide);
+            if (out.isWide(left))
+                unpackWide(pixel, in, count, isRun, out.at);
             else
-                unpackLiterals(pixel, in, count, out, isWide);
+                unpackExactly(pixel, in, count, isRun, out.at);
             in += bytes;
+            out.at += count * 3;
         }
     }
     return {};
