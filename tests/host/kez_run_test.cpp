@@ -8,6 +8,7 @@
 #include "host/pacing.h"
 #include "input/events.h"
 #include "input/input_services.h"
+#include "platform/temporary_folder.h"
 #include "support/failing_surface.h"
 #include "support/running_host.h"
 
@@ -196,10 +197,11 @@ TEST_F(KezDepthTest, showsItsFramesAtEveryDepth)
 {
     const Flag flag;
     const test::HostWindow window;
+    const test::TemporaryFolder folder;
     for (const int bits : { 16, 24, 32 }) {
         test::Display display(bits);
         Kez::initialize(window.handle(), nullptr, display.directDraw, display.primary,
-            display.secondary, bits, nullptr, 0, 0, 0, 0);
+            display.secondary, bits, folder.path().c_str(), 0, 0, 0, 0);
         Kez::open();
         Kez::run(Kez::camera, 0, false, false);
         Kez::process();
