@@ -80,7 +80,7 @@ typedef std::uint64_t Pair __attribute__((vector_size(16)));
 struct Pattern {
     explicit Pattern(const Bgr& colour)
     {
-        const std::uint64_t pixel = colour[0] | colour[1] << 8 | colour[2] << 16;
+        const auto pixel = static_cast<std::uint64_t>(colour[0] | colour[1] << 8 | colour[2] << 16);
         const std::uint64_t first = pixel | pixel << 24 | pixel << 48;
         const std::uint64_t second = pixel >> 16 | pixel << 8 | pixel << 32 | pixel << 56;
         const std::uint64_t third = pixel >> 8 | pixel << 16 | pixel << 40;
@@ -89,67 +89,48 @@ struct Pattern {
         end = Pair { second, third };
     }
 
+    void store(std::uint8_t* out) const
+    {
+        std::memcpy(out, &start, sizeof start);
+        std::memcpy(out + sizeof start, &middle, sizeof middle);
+        std::memcpy(out + 2 * sizeof start, &end, sizeof end);
+    }
+
     Pair start;
     Pair middle;
     Pair end;
 };
 
-Pair loadPair(const std::uint8_t* from)
-{
-    Pair pair;
-    std::memcpy(&pair, from, sizeof pair);
-    return pair;
-}
-
-void storeStep(std::uint8_t* out, Pair start, Pair middle, Pair end)
-{
-    std::memcpy(out, &start, sizeof start);
-    std::memcpy(out + sizeof start, &middle, sizeof middle);
-    std::memcpy(out + 2 * sizeof start, &end, sizeof end);
-}
-
-// All further steps of a run or of literals. Most runs end within the first three.
+// What is left of a run after its first two steps, three steps at a time: most need no more, and
+// to ask less is faster.
 void fillFurther(const Pattern& pattern, std::size_t bytes, std::uint8_t* out)
 {
-    for (std::size_t done = Target::step; done < bytes; done += 3 * Target::step)
+    for (std::size_t done = 2 * Target::step; done < bytes; done += 3 * Target::step)
         for (std::size_t step = done; step < done + 3 * Target::step; step += Target::step)
-            storeStep(out + step, pattern.start, pattern.middle, pattern.end);
+            pattern.store(out + step);
 }
 
-void copyFurther(const std::uint8_t* stored, std::size_t bytes, std::uint8_t* out)
-{
-    for (std::size_t done = Target::step; done < bytes; done += Target::step)
-        std::memcpy(out + done, stored + done, Target::step);
-}
-
-// The first step of a run or of literals: nobody can foretell which it is, so nothing branches.
-void unpackStep(const Pattern& pattern, const std::uint8_t* stored, bool isRun, std::uint8_t* out)
-{
-    const std::uint64_t all = isRun ? ~std::uint64_t { 0 } : 0;
-    const Pair run = { all, all };
-    const auto either = [&](Pair repeated, std::size_t at) {
-        return (repeated & run) | (loadPair(stored + at) & ~run);
-    };
-    storeStep(out, either(pattern.start, 0), either(pattern.middle, 16), either(pattern.end, 32));
-}
-
+// How many bytes were taken. What comes next can be looked at early when that does not depend on
+// what is stored, as it would if runs and literals were not told apart by a branch.
 template <class Pixel>
-void unpackWide(const Pixel& pixel, const std::uint8_t* stored, std::size_t count, bool isRun,
-    std::uint8_t* out)
+std::size_t unpackWide(const Pixel& pixel, const std::uint8_t* stored, std::size_t count,
+    bool isRun, std::uint8_t* out)
 {
     const std::size_t bytes = count * 3;
-    if constexpr (std::is_same_v<Pixel, WholeBytes<3>>) {
+    if (isRun) {
         const Pattern pattern(pixel(stored));
-        unpackStep(pattern, stored, isRun, out);
-        if (bytes > Target::step)
-            isRun ? fillFurther(pattern, bytes, out) : copyFurther(stored, bytes, out);
-    } else if (isRun) {
-        const Pattern pattern(pixel(stored));
-        storeStep(out, pattern.start, pattern.middle, pattern.end);
-        fillFurther(pattern, bytes, out);
-    } else {
-        convert(pixel, stored, count, out);
+        pattern.store(out);
+        pattern.store(out + Target::step);
+        if (bytes > 2 * Target::step)
+            fillFurther(pattern, bytes, out);
+        return Pixel::bytes;
     }
+    if constexpr (std::is_same_v<Pixel, WholeBytes<3>>)
+        for (std::size_t done = 0; done < bytes; done += Target::step)
+            std::memcpy(out + done, stored + done, Target::step);
+    else
+        convert(pixel, stored, count, out);
+    return count * Pixel::bytes;
 }
 
 template <class Pixel>
@@ -185,11 +166,12 @@ String unpack(const Pixel& pixel, const TargaHeader& header, std::span<const std
             const auto left = static_cast<std::size_t>(end - in);
             if (left < bytes)
                 return targaEndsEarly(stored.size() + bytes - left, stored.size());
-            if (out.isWide(left))
-                unpackWide(pixel, in, count, isRun, out.at);
-            else
+            if (out.isWide(left)) {
+                in += unpackWide(pixel, in, count, isRun, out.at);
+            } else {
                 unpackExactly(pixel, in, count, isRun, out.at);
-            in += bytes;
+                in += bytes;
+            }
             out.at += count * 3;
         }
     }
