@@ -117,9 +117,9 @@ public:
         std::memcpy(
             lastRowCopy_.data(), source + static_cast<std::size_t>(lastRow_) * pitch_, pitch_);
         for (const Between& column : columns) {
-            const auto right = static_cast<std::uint16_t>(column.fraction * 16);
-            const auto left = static_cast<std::uint16_t>(16 - right);
-            columns_.push_back({ 3 * column.low, { left, left, left, right, right, right, 0, 0 } });
+            const auto right = static_cast<std::uint8_t>(column.fraction * 16);
+            const auto left = static_cast<std::uint8_t>(16 - right);
+            columns_.push_back({ 3 * column.low, { left, right, left, right, left, right, 0, 0 } });
         }
     }
 

@@ -11,7 +11,7 @@ namespace kez {
 /// Where an enlarged pixel lies between two source pixels, in sixteenths.
 struct SpreadColumn {
     std::int32_t offset; ///< Of the left pixel's first byte in its row.
-    std::uint16_t shares[8]; ///< The left pixel's three times, the right one's; then nothing.
+    std::uint8_t shares[8]; ///< The left pixel's and the right one's, three times; then nothing.
 };
 
 /// The same in doubles: what lies to the left and to the right, 1 − f, f, f, 1 − f.
@@ -38,7 +38,7 @@ struct AveragedRow {
 
 struct ResampleKernels {
     /// Three values for each column: the two pixels, each times its share. Reads eight bytes for
-    /// six and writes eight values where three are wanted.
+    /// six and writes up to five values more than are wanted.
     void (*spread)(std::uint16_t* to, const std::uint8_t* from, const SpreadColumn* columns,
         std::size_t count);
     /// Two rows that were spread, by sixteenths: `lowerShare` of the lower one.

@@ -7,6 +7,30 @@ namespace kez {
 
 namespace {
 
+// Eight bytes at each place, six of which count: in pairs, as `order` puts them, without a gap.
+__m128i sixPairs(const void* left, const void* right, __m128i order)
+{
+    return _mm_shuffle_epi8(_mm_unpacklo_epi64(_mm_loadl_epi64(static_cast<const __m128i*>(left)),
+                                _mm_loadl_epi64(static_cast<const __m128i*>(right))),
+        order);
+}
+
+// Two columns at a time; the last one may be both.
+void spread(
+    std::uint16_t* to, const std::uint8_t* from, const SpreadColumn* columns, std::size_t count)
+{
+    const __m128i pixels = _mm_setr_epi8(0, 3, 1, 4, 2, 5, 8, 11, 9, 12, 10, 13, -1, -1, -1, -1);
+    const __m128i shares = _mm_setr_epi8(0, 1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, -1, -1, -1, -1);
+    for (std::size_t x = 0; x < count; x += 2, to += 6) {
+        const SpreadColumn& left = columns[x];
+        const SpreadColumn& right = columns[x + 1 < count ? x + 1 : x];
+        const __m128i values
+            = _mm_maddubs_epi16(sixPairs(from + left.offset, from + right.offset, pixels),
+                sixPairs(left.shares, right.shares, shares));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to), values);
+    }
+}
+
 // Four pixels that lie beside each other, in two pairs: blue, blue, green, green, red, red in 16
 // bits each.
 __m256i fourPixels(const std::uint8_t* at)
@@ -136,6 +160,6 @@ void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::s
 } // namespace
 
 const ResampleKernels avx2ResampleKernels
-    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average, halve };
+    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve };
 
 } // namespace kez

@@ -11,8 +11,8 @@ void spread(
     for (std::size_t x = 0; x < count; ++x) {
         const std::uint8_t* const left = from + columns[x].offset;
         for (std::size_t byte = 0; byte < 3; ++byte)
-            *to++ = static_cast<std::uint16_t>(left[byte] * columns[x].shares[byte]
-                + left[byte + 3] * columns[x].shares[byte + 3]);
+            *to++ = static_cast<std::uint16_t>(
+                left[byte] * columns[x].shares[0] + left[byte + 3] * columns[x].shares[1]);
     }
 }
 

@@ -13,6 +13,18 @@ __m128i twoPixels(const std::uint8_t* at)
     return _mm_unpacklo_epi8(pairs, _mm_setzero_si128());
 }
 
+void spread(
+    std::uint16_t* to, const std::uint8_t* from, const SpreadColumn* columns, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x, to += 3) {
+        const __m128i shares = _mm_unpacklo_epi8(
+            _mm_loadl_epi64(reinterpret_cast<const __m128i*>(columns[x].shares)),
+            _mm_setzero_si128());
+        const __m128i sums = _mm_madd_epi16(twoPixels(from + columns[x].offset), shares);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(to), _mm_packs_epi32(sums, sums));
+    }
+}
+
 __m128i twoWeights(const std::int16_t* at)
 {
     std::int32_t both;
@@ -87,6 +99,6 @@ void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::s
 } // namespace
 
 const ResampleKernels sse2ResampleKernels
-    = { spreadColumns, mixSpreadRows, widenPixels, mixWideRows, average, halve };
+    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve };
 
 } // namespace kez

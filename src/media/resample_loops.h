@@ -14,20 +14,6 @@ namespace kez {
 
 namespace {
 
-void spreadColumns(
-    std::uint16_t* to, const std::uint8_t* from, const SpreadColumn* columns, std::size_t count)
-{
-    for (std::size_t x = 0; x < count; ++x, to += 3) {
-        const __m128i bytes
-            = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(from + columns[x].offset));
-        const __m128i shares = _mm_loadu_si128(reinterpret_cast<const __m128i*>(columns[x].shares));
-        const __m128i parts
-            = _mm_mullo_epi16(_mm_unpacklo_epi8(bytes, _mm_setzero_si128()), shares);
-        _mm_storel_epi64(
-            reinterpret_cast<__m128i*>(to), _mm_add_epi16(parts, _mm_srli_si128(parts, 6)));
-    }
-}
-
 void mixSpreadRows(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* lower,
     unsigned lowerShare, std::size_t count)
 {
