@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Linked to the player's objects: puts the clock of tests before it and before the libraries that
-// it loads, which stay as they are shipped. A visit so takes as long as it computes.
+// Linked to the player's objects: puts the clock of tests, and the visit's mouse, before it and
+// before the libraries that it loads, which stay as they are shipped. A visit so takes as long as
+// it computes.
 #include "control_kernel.h"
 
 #include <mmsystem.h>
@@ -14,12 +15,13 @@ struct Import {
     void* function;
 };
 
-// Each named function is the clock's here.
+// Each named function is the clock's or the mouse's here.
 const Import imports[] = {
     { "Sleep", reinterpret_cast<void*>(&Sleep) },
     { "timeGetTime", reinterpret_cast<void*>(&timeGetTime) },
     { "WaitForSingleObject", reinterpret_cast<void*>(&WaitForSingleObject) },
     { "CreateThread", reinterpret_cast<void*>(&CreateThread) },
+    { "GetCursorPos", reinterpret_cast<void*>(&GetCursorPos) },
 };
 
 template <typename Type>
