@@ -23,7 +23,7 @@ namespace {
 
 using namespace kez::life;
 
-constexpr int rounds = 5;
+constexpr int rounds = 4;
 constexpr int settledRounds = 2; // what is made once only is there by then
 constexpr int frames = 15;
 constexpr int linesUnderWay = 5;
