@@ -14,6 +14,7 @@
 #include "media/resource_archive.h"
 #include "sdl_frame.h"
 #include "support/failing_surface.h"
+#include "support/surfaces.h"
 
 #include <windows.h>
 
@@ -25,18 +26,6 @@ namespace kez::bench {
 
 namespace {
 
-DDPIXELFORMAT formatOf(int bits)
-{
-    DDPIXELFORMAT format = {};
-    format.dwSize = sizeof format;
-    format.dwFlags = DDPF_RGB;
-    format.dwRGBBitCount = static_cast<DWORD>(bits);
-    format.dwRBitMask = bits == 16 ? 0xF800 : 0xFF0000;
-    format.dwGBitMask = bits == 16 ? 0x07E0 : 0x00FF00;
-    format.dwBBitMask = bits == 16 ? 0x001F : 0x0000FF;
-    return format;
-}
-
 /// The camera screen as the child sees it, on surfaces without a window.
 class CameraFrame {
 public:
@@ -44,7 +33,7 @@ public:
     {
         DirectDrawCreate(nullptr, &directDraw_, nullptr);
         directDraw_->SetCooperativeLevel(nullptr, DDSCL_NORMAL);
-        secondary_ = makeSurface(bits);
+        secondary_ = test::makeSurface(*directDraw_, bits);
         primary_ = std::make_unique<test::FailingSurface>(secondary_);
         primary_->copyNothing();
         std::filesystem::current_path(KEZ_BENCH_CONTENT);
@@ -103,20 +92,6 @@ private:
         std::vector<std::uint8_t> all(bytes, bytes + description.lPitch * canvasHeight);
         secondary_->Unlock(nullptr);
         return all;
-    }
-
-    IDirectDrawSurface* makeSurface(int bits)
-    {
-        DDSURFACEDESC description = {};
-        description.dwSize = sizeof description;
-        description.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
-        description.dwWidth = canvasWidth;
-        description.dwHeight = canvasHeight;
-        description.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
-        description.ddpfPixelFormat = formatOf(bits);
-        IDirectDrawSurface* surface = nullptr;
-        directDraw_->CreateSurface(&description, &surface, nullptr);
-        return surface;
     }
 
     IDirectDraw* directDraw_ = nullptr;

@@ -13,6 +13,7 @@
 #include "sprites/blit.h"
 #include "sprites/random_sprite.h"
 #include "support/failing_surface.h"
+#include "support/surfaces.h"
 
 #include <windows.h>
 
@@ -61,29 +62,10 @@ void tell(const std::string& name, double microseconds)
     std::fflush(stdout);
 }
 
-IDirectDrawSurface* makeSurface(IDirectDraw& directDraw, int bits)
-{
-    DDSURFACEDESC wanted {};
-    wanted.dwSize = sizeof wanted;
-    wanted.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
-    wanted.dwWidth = width;
-    wanted.dwHeight = height;
-    wanted.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
-    wanted.ddpfPixelFormat.dwSize = sizeof wanted.ddpfPixelFormat;
-    wanted.ddpfPixelFormat.dwFlags = DDPF_RGB;
-    wanted.ddpfPixelFormat.dwRGBBitCount = static_cast<DWORD>(bits);
-    wanted.ddpfPixelFormat.dwRBitMask = bits == 16 ? 0xF800 : 0xFF0000;
-    wanted.ddpfPixelFormat.dwGBitMask = bits == 16 ? 0x07E0 : 0x00FF00;
-    wanted.ddpfPixelFormat.dwBBitMask = bits == 16 ? 0x001F : 0x0000FF;
-    IDirectDrawSurface* surface = nullptr;
-    directDraw.CreateSurface(&wanted, &surface, nullptr);
-    return surface;
-}
-
 // The library's own share of a frame of the camera screen: without the copy to the primary surface.
 bool timeFrame(IDirectDraw& directDraw, int bits)
 {
-    IDirectDrawSurface* const secondary = makeSurface(directDraw, bits);
+    IDirectDrawSurface* const secondary = test::makeSurface(directDraw, bits);
     if (secondary == nullptr)
         return false;
     test::FailingSurface primary(secondary);

@@ -3,6 +3,8 @@
 
 #include "process_counts.h"
 
+#include "support/surfaces.h"
+
 namespace kez::life {
 
 namespace {
@@ -12,25 +14,6 @@ constexpr const char* className = "KezLifeHost";
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM word, LPARAM detail)
 {
     return DefWindowProcA(window, message, word, detail);
-}
-
-IDirectDrawSurface* makeSurface(IDirectDraw& directDraw, int depth)
-{
-    DDSURFACEDESC wanted {};
-    wanted.dwSize = sizeof wanted;
-    wanted.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
-    wanted.dwWidth = 640;
-    wanted.dwHeight = 480;
-    wanted.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
-    wanted.ddpfPixelFormat.dwSize = sizeof wanted.ddpfPixelFormat;
-    wanted.ddpfPixelFormat.dwFlags = DDPF_RGB;
-    wanted.ddpfPixelFormat.dwRGBBitCount = static_cast<DWORD>(depth);
-    wanted.ddpfPixelFormat.dwRBitMask = depth == 16 ? 0xF800 : 0xFF0000;
-    wanted.ddpfPixelFormat.dwGBitMask = depth == 16 ? 0x07E0 : 0x00FF00;
-    wanted.ddpfPixelFormat.dwBBitMask = depth == 16 ? 0x001F : 0x0000FF;
-    IDirectDrawSurface* surface = nullptr;
-    directDraw.CreateSurface(&wanted, &surface, nullptr);
-    return surface;
 }
 
 template <class Interface>
@@ -63,8 +46,8 @@ LifeHost::LifeHost(Made made)
     if (DirectDrawCreate(nullptr, &directDraw, nullptr) != DD_OK)
         return;
     directDraw->SetCooperativeLevel(window, DDSCL_NORMAL);
-    primary = makeSurface(*directDraw, depth);
-    secondary = makeSurface(*directDraw, depth);
+    primary = test::makeSurface(*directDraw, depth);
+    secondary = test::makeSurface(*directDraw, depth);
 }
 
 LifeHost::~LifeHost()

@@ -4,6 +4,8 @@
 /// pixels.
 #pragma once
 
+#include "support/surfaces.h"
+
 #include <windows.h>
 
 #include <ddraw.h>
@@ -32,23 +34,10 @@ inline std::uint32_t pixelAt(IDirectDrawSurface& surface, int x, int y)
     return pixel;
 }
 
-/// The usual format of a depth: 565, or eight bits a channel; red highest.
-inline DDPIXELFORMAT formatOf(int bits)
-{
-    DDPIXELFORMAT format = {};
-    format.dwSize = sizeof format;
-    format.dwFlags = DDPF_RGB;
-    format.dwRGBBitCount = static_cast<DWORD>(bits);
-    format.dwRBitMask = bits == 16 ? 0xF800 : 0xFF0000;
-    format.dwGBitMask = bits == 16 ? 0x07E0 : 0x00FF00;
-    format.dwBBitMask = bits == 16 ? 0x001F : 0x0000FF;
-    return format;
-}
-
 class Display {
 public:
     explicit Display(int bits)
-        : format_(formatOf(bits))
+        : bits_(bits)
     {
         EXPECT_EQ(DirectDrawCreate(nullptr, &directDraw, nullptr), DD_OK);
         EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, DDSCL_NORMAL), DD_OK);
@@ -69,15 +58,8 @@ public:
     /// A surface of the display's format; the caller releases it.
     IDirectDrawSurface* createSurface(DWORD width, DWORD height)
     {
-        DDSURFACEDESC wanted = {};
-        wanted.dwSize = sizeof wanted;
-        wanted.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
-        wanted.dwWidth = width;
-        wanted.dwHeight = height;
-        wanted.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
-        wanted.ddpfPixelFormat = format_;
-        IDirectDrawSurface* surface = nullptr;
-        EXPECT_EQ(directDraw->CreateSurface(&wanted, &surface, nullptr), DD_OK);
+        IDirectDrawSurface* const surface = makeSurface(*directDraw, bits_, width, height);
+        EXPECT_NE(surface, nullptr);
         return surface;
     }
 
@@ -86,7 +68,7 @@ public:
     IDirectDrawSurface* secondary = nullptr;
 
 private:
-    DDPIXELFORMAT format_;
+    int bits_;
 };
 
 } // namespace kez::test
