@@ -7,6 +7,7 @@
 #include "png_file.h"
 #include "progress.h"
 #include "quantiser.h"
+#include "sheet.h"
 #include "user_error.h"
 
 #include <algorithm>
@@ -16,9 +17,6 @@
 namespace kez::tools {
 
 namespace {
-
-constexpr int sheetWidth = 640;
-constexpr int sheetHeight = 480;
 
 using Records = std::vector<std::vector<std::uint8_t>>;
 
@@ -119,9 +117,8 @@ private:
             if (box.right == 0)
                 fail(item, item.file + " is transparent all over; draw something on it");
             png = crop(png, box);
-            // The program draws at left = x + (640 - width) / 2, and rows likewise.
-            picture.x = box.left - (sheetWidth - png.width) / 2;
-            picture.y = box.top - (sheetHeight - png.height) / 2;
+            picture.x = box.left - centred(png.width, sheetWidth);
+            picture.y = box.top - centred(png.height, sheetHeight);
         }
         if (item.colours != 0)
             reduce(item, png.pixels);

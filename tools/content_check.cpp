@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 #include "platform/path_names.h"
+#include "sheet.h"
 #include "sound_file.h"
 #include "sprite_pixels.h"
 #include "sprites/sprite_record.h"
@@ -14,9 +15,6 @@
 namespace kez::tools {
 
 namespace {
-
-constexpr int sheetWidth = 640;
-constexpr int sheetHeight = 480;
 
 /// On the sheet; `right` and `bottom` are the first column and row behind it.
 struct Box {
@@ -39,11 +37,10 @@ struct Box {
 
 constexpr Box sheet { 0, 0, sheetWidth, sheetHeight };
 
-// As the renderer places a picture by its centre.
 Box boxAt(int x, int y, int width, int height)
 {
-    const int left = x + (sheetWidth - width) / 2;
-    const int top = y + (sheetHeight - height) / 2;
+    const int left = x + centred(width, sheetWidth);
+    const int top = y + centred(height, sheetHeight);
     return { left, top, left + width, top + height };
 }
 
