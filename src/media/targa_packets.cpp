@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "media/targa_packets.h"
 
-#include <algorithm>
-#include <array>
-#include <bit>
-#include <cstring>
+#include "media/targa_levels.h"
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
+#include <array>
+#include <cstring>
 
 namespace kez {
 
@@ -16,117 +12,23 @@ namespace {
 
 constexpr std::size_t pixelBytes = 3;
 constexpr std::size_t mostPacketBytes = 128 * pixelBytes;
-
-// Rows are looked at in groups of pixels. In their masks bit 3 i is for pixel i, so that the number
-// of a bit is also the offset of the pixel's bytes.
-constexpr std::size_t groupPixels = 16;
-constexpr std::size_t groupBytes = groupPixels * pixelBytes;
-constexpr std::uint64_t pixelBits = 0x249249249249;
-
-#ifdef __SSE2__
-
-std::uint64_t equalBytes(const std::uint8_t* at)
-{
-    const auto load = [](const std::uint8_t* from) {
-        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-    };
-    return static_cast<std::uint64_t>(
-        static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(load(at), load(at + pixelBytes)))));
-}
-
-// The pixels of a group that differ from their right neighbours. Reads the pixel behind it too.
-inline std::uint64_t runEnds(const std::uint8_t* at)
-{
-    const std::uint64_t bytes
-        = equalBytes(at) | equalBytes(at + 16) << 16 | equalBytes(at + 32) << 32;
-    return ~(bytes & bytes >> 1 & bytes >> 2) & pixelBits;
-}
-
-#else
-
-inline std::uint64_t runEnds(const std::uint8_t* at)
-{
-    std::uint64_t ends = 0;
-    for (std::size_t i = 0; i < groupBytes; i += pixelBytes)
-        if (std::memcmp(at + i, at + i + pixelBytes, pixelBytes) != 0)
-            ends |= std::uint64_t { 1 } << i;
-    return ends;
-}
-
-#endif
-
-/// A group of a row: where packets begin and which runs are of one pixel.
-struct Group {
-    std::uint64_t packets;
-    std::uint64_t singles;
-};
-
-/// Finds the packets of a row as they were if there was no limit to their length: one begins where
-/// a run does, unless that run and the one before are of one pixel.
-class PacketFinder {
-public:
-    // `runEnds` of the next group.
-    Group next(std::uint64_t runEnds)
-    {
-        // In photographs most groups are in the middle of a literal.
-        if (runEnds == pixelBits && (endsBefore_ & singlesBefore_) != 0)
-            return { 0, pixelBits };
-        const std::uint64_t runStarts = (runEnds << pixelBytes | endsBefore_) & pixelBits;
-        const std::uint64_t singles = runStarts & runEnds;
-        const std::uint64_t continued = singles & (singles << pixelBytes | singlesBefore_);
-        endsBefore_ = runEnds >> lastPixel;
-        singlesBefore_ = singles >> lastPixel;
-        return { runStarts & ~continued, singles };
-    }
-
-private:
-    static constexpr std::size_t lastPixel = groupBytes - pixelBytes;
-
-    std::uint64_t endsBefore_ = 1;
-    std::uint64_t singlesBefore_ = 0;
-};
-
-// Some groups that have a pixel behind them. In a loop of its own, which has no branches.
-void findPackets(PacketFinder& finder, const std::uint8_t* at, std::span<Group> groups)
-{
-    PacketFinder local = finder;
-    for (Group& group : groups) {
-        group = local.next(runEnds(at));
-        at += groupBytes;
-    }
-    finder = local;
-}
-
-// The group with the row's last pixel.
-Group findLastPackets(PacketFinder& finder, std::span<const std::uint8_t> rest)
-{
-    std::uint8_t pixels[groupBytes + pixelBytes] = {};
-    std::memcpy(pixels, rest.data(), rest.size());
-    const std::uint64_t rowEnd = std::uint64_t { 1 } << rest.size();
-    const Group group = finder.next(runEnds(pixels) | rowEnd >> pixelBytes);
-    return { group.packets & (rowEnd - 1), group.singles };
-}
+constexpr std::size_t stepBytes = 16 * pixelBytes; // what is copied at a time
 
 /// Writes each packet when it is known where the next one begins.
 class PacketWriter {
 public:
     PacketWriter(std::span<const std::uint8_t> row, std::uint8_t* to)
-        : first_(row.data())
+        : row_(row.data())
+        , first_(row.data())
         , rowEnd_(row.data() + row.size())
         , to_(to)
     {
     }
 
-    // Those that begin in groups beside each other.
-    void beginPackets(const std::uint8_t* at, std::span<const Group> groups)
+    void beginPackets(std::span<const PacketStart> starts)
     {
-        for (const Group& group : groups) {
-            for (std::uint64_t rest = group.packets; rest != 0; rest &= rest - 1) {
-                const int offset = std::countr_zero(rest);
-                beginPacket(at + offset, (group.singles >> offset & 1) != 0);
-            }
-            at += groupBytes;
-        }
+        for (const PacketStart start : starts)
+            beginPacket(row_ + start / 2, start % 2 != 0);
     }
 
     std::uint8_t* finish()
@@ -173,13 +75,14 @@ private:
     // too.
     void copy(std::size_t stored, std::size_t bytes)
     {
-        if (static_cast<std::size_t>(rowEnd_ - first_) < bytes + groupBytes)
+        if (static_cast<std::size_t>(rowEnd_ - first_) < bytes + stepBytes)
             std::memcpy(to_, first_, stored);
         else
-            for (std::size_t done = 0; done < stored; done += groupBytes)
-                std::memcpy(to_ + done, first_ + done, groupBytes);
+            for (std::size_t done = 0; done < stored; done += stepBytes)
+                std::memcpy(to_ + done, first_ + done, stepBytes);
     }
 
+    const std::uint8_t* row_;
     const std::uint8_t* first_; ///< Of what is not written yet.
     const std::uint8_t* rowEnd_;
     std::uint8_t* to_;
@@ -190,18 +93,12 @@ private:
 
 std::size_t packTargaRow(std::span<const std::uint8_t> row, std::span<std::uint8_t> out)
 {
-    PacketFinder finder;
+    PacketSearch search { row.data(), row.size() };
     PacketWriter writer(row, out.data());
-    std::array<Group, 64> groups;
-    for (std::span rest = row; !rest.empty();) {
-        const std::size_t count = std::min(groups.size(), (rest.size() - 1) / groupBytes);
-        if (count != 0)
-            findPackets(finder, rest.data(), std::span(groups).first(count));
-        else
-            groups[0] = findLastPackets(finder, rest);
-        const std::size_t whole = std::max<std::size_t>(count, 1);
-        writer.beginPackets(rest.data(), std::span(groups).first(whole));
-        rest = rest.subspan(std::min(whole * groupBytes, rest.size()));
+    std::array<PacketStart, 1024> starts;
+    while (search.at < row.size()) {
+        const std::size_t count = targaKernels().findPackets(search, starts.data(), starts.size());
+        writer.beginPackets(std::span(starts).first(count));
     }
     return static_cast<std::size_t>(writer.finish() - out.data());
 }
