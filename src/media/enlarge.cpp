@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/enlarge.h"
 
+#include "media/double_size.h"
 #include "media/resample_levels.h"
 #include "media/sample_points.h"
 
@@ -160,6 +161,10 @@ void enlargeInSixteenths(const std::uint8_t* source, int sw, int sh, const Place
 
 void enlargePicture(const std::uint8_t* source, int sw, int sh, std::uint8_t* to, int dw, int dh)
 {
+    if (isDoubling(sw, sh, dw, dh)) {
+        doublePicture(source, sw, sh, to);
+        return;
+    }
     const Places columns = betweenPixels(sw, dw);
     const Places rows = betweenPixels(sh, dh);
     if (sw > 1 && areSixteenths(columns) && areSixteenths(rows))

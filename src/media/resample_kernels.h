@@ -56,6 +56,11 @@ struct ResampleKernels {
     /// two rows that follow it, weighed as media/halve.h says. Reads a pixel more than that, and
     /// spoils two bytes behind what is asked for.
     void (*halve)(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::size_t count);
+    /// Two pixels for each of the first `count` of two rows, a quarter and three quarters of the
+    /// way to the next pixel, and so many quarters of the way to the lower row. Reads two pixels
+    /// behind the first `count`, and spoils four bytes behind what is asked for.
+    void (*doubleRow)(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+        unsigned lowerQuarters, std::size_t count);
 };
 
 extern const ResampleKernels plainResampleKernels;

@@ -157,9 +157,52 @@ void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::s
         halveOne(to + 3 * x, from + 6 * x, pitch);
 }
 
+// Sixteen bytes of two rows, in pairs.
+__m256i bytePairs(const std::uint8_t* upper, const std::uint8_t* lower)
+{
+    const __m128i up = _mm_loadu_si128(reinterpret_cast<const __m128i*>(upper));
+    const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(lower));
+    return _mm256_inserti128_si256(
+        _mm256_castsi128_si256(_mm_unpacklo_epi8(up, low)), _mm_unpackhi_epi8(up, low), 1);
+}
+
+// Of the values of a pixel and of the one right of it: both new bytes in 16 bits.
+__m256i doubledValues(__m256i left, __m256i right)
+{
+    const __m256i both = _mm256_add_epi16(left, right);
+    const __m256i first = _mm256_add_epi16(both, _mm256_add_epi16(left, left));
+    const __m256i second = _mm256_add_epi16(both, _mm256_add_epi16(right, right));
+    return _mm256_or_si256(_mm256_srli_epi16(first, 4),
+        _mm256_andnot_si256(_mm256_set1_epi16(0xFF), _mm256_slli_epi16(second, 4)));
+}
+
+void doubleFour(std::uint8_t* to, __m256i values)
+{
+    const __m256i next
+        = _mm256_alignr_epi8(_mm256_permute2x128_si256(values, values, 0x81), values, 6);
+    const __m256i twoEach = _mm256_permutevar8x32_epi32(
+        doubledValues(values, next), _mm256_setr_epi32(0, 1, 2, 2, 3, 4, 5, 5));
+    const __m256i pixels = _mm256_shuffle_epi8(twoEach,
+        _mm256_broadcastsi128_si256(
+            _mm_setr_epi8(0, 2, 4, 1, 3, 5, 6, 8, 10, 7, 9, 11, -1, -1, -1, -1)));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm256_castsi256_si128(pixels));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + 12), _mm256_extracti128_si256(pixels, 1));
+}
+
+void doubleRow(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+    unsigned lowerQuarters, std::size_t count)
+{
+    const __m256i shares
+        = _mm256_set1_epi16(static_cast<short>((4 - lowerQuarters) | lowerQuarters << 8));
+    const auto step = [&](std::uint8_t* pixels, const std::uint8_t* up, const std::uint8_t* low) {
+        doubleFour(pixels, _mm256_maddubs_epi16(bytePairs(up, low), shares));
+    };
+    doubleInSteps<4>(step, to, upper, lower, lowerQuarters, count);
+}
+
 } // namespace
 
 const ResampleKernels avx2ResampleKernels
-    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve };
+    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve, doubleRow };
 
 } // namespace kez

@@ -73,8 +73,21 @@ void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::s
         }
 }
 
+void doubleRow(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+    unsigned lowerQuarters, std::size_t count)
+{
+    for (std::size_t x = 0; x < count; ++x, to += 3)
+        for (std::size_t byte = 0; byte < 3; ++byte, ++to, ++upper, ++lower) {
+            const unsigned left = upper[0] * (4 - lowerQuarters) + lower[0] * lowerQuarters;
+            const unsigned right = upper[3] * (4 - lowerQuarters) + lower[3] * lowerQuarters;
+            to[0] = static_cast<std::uint8_t>((3 * left + right) / 16);
+            to[3] = static_cast<std::uint8_t>((left + 3 * right) / 16);
+        }
+}
+
 } // namespace
 
-const ResampleKernels plainResampleKernels = { spread, mixRows, widen, mixWide, average, halve };
+const ResampleKernels plainResampleKernels
+    = { spread, mixRows, widen, mixWide, average, halve, doubleRow };
 
 } // namespace kez

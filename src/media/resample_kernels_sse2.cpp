@@ -59,6 +59,12 @@ void average(std::uint8_t* to, const AveragedRow& row, std::size_t count)
     }
 }
 
+void storeWord(std::uint8_t* to, __m128i bytes)
+{
+    const int word = _mm_cvtsi128_si32(bytes);
+    std::memcpy(to, &word, sizeof word);
+}
+
 // Every second pixel, two in all, in 16 bits.
 __m128i secondPixels(const std::uint8_t* at)
 {
@@ -81,10 +87,8 @@ void halveTwo(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch)
     const __m128i words = _mm_srli_epi16(
         _mm_mulhi_epu16(quarter, _mm_set1_epi16(halvingInverse)), halvingInverseBits);
     const __m128i packed = _mm_packus_epi16(words, words);
-    const int left = _mm_cvtsi128_si32(packed);
-    const int right = _mm_cvtsi128_si32(_mm_srli_si128(packed, 4));
-    std::memcpy(to, &left, sizeof left);
-    std::memcpy(to + 3, &right, sizeof right);
+    storeWord(to, packed);
+    storeWord(to + 3, _mm_srli_si128(packed, 4));
 }
 
 void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::size_t count)
@@ -96,9 +100,48 @@ void halve(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch, std::s
         halveOne(to + 3 * x, from + 6 * x, pitch);
 }
 
+// Two rows, mixed by quarters.
+struct RowMix {
+    __m128i operator()(const std::uint8_t* upper, const std::uint8_t* lower) const
+    {
+        return _mm_add_epi16(_mm_mullo_epi16(eightBytes(upper), upperShares),
+            _mm_mullo_epi16(eightBytes(lower), lowerShares));
+    }
+
+    static __m128i eightBytes(const std::uint8_t* at)
+    {
+        return _mm_unpacklo_epi8(
+            _mm_loadl_epi64(reinterpret_cast<const __m128i*>(at)), _mm_setzero_si128());
+    }
+
+    __m128i upperShares;
+    __m128i lowerShares;
+};
+
+void doubleRow(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+    unsigned lowerQuarters, std::size_t count)
+{
+    const auto quarters = static_cast<short>(lowerQuarters);
+    const RowMix mix { _mm_set1_epi16(static_cast<short>(4 - quarters)), _mm_set1_epi16(quarters) };
+    const auto doubleTwo = [&](std::uint8_t* pixels, const std::uint8_t* up,
+                               const std::uint8_t* low) {
+        const __m128i left = mix(up, low);
+        const __m128i right = mix(up + 3, low + 3);
+        const __m128i both = _mm_add_epi16(left, right);
+        const __m128i first = _mm_srli_epi16(_mm_add_epi16(both, _mm_add_epi16(left, left)), 4);
+        const __m128i second = _mm_srli_epi16(_mm_add_epi16(both, _mm_add_epi16(right, right)), 4);
+        const __m128i packed = _mm_packus_epi16(first, second);
+        storeWord(pixels, packed);
+        storeWord(pixels + 3, _mm_srli_si128(packed, 8));
+        storeWord(pixels + 6, _mm_srli_si128(packed, 3));
+        storeWord(pixels + 9, _mm_srli_si128(packed, 11));
+    };
+    doubleInSteps<2>(doubleTwo, to, upper, lower, lowerQuarters, count);
+}
+
 } // namespace
 
 const ResampleKernels sse2ResampleKernels
-    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve };
+    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve, doubleRow };
 
 } // namespace kez

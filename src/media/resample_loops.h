@@ -44,6 +44,21 @@ void halveOne(std::uint8_t* to, const std::uint8_t* from, std::size_t pitch)
     }
 }
 
+// In steps, of which the last may repeat some of the one before.
+template <std::size_t stepPixels>
+void doubleInSteps(auto&& step, std::uint8_t* to, const std::uint8_t* upper,
+    const std::uint8_t* lower, unsigned lowerQuarters, std::size_t count)
+{
+    if (count < stepPixels) {
+        plainResampleKernels.doubleRow(to, upper, lower, lowerQuarters, count);
+        return;
+    }
+    const auto at = [&](std::size_t x) { step(to + 6 * x, upper + 3 * x, lower + 3 * x); };
+    for (std::size_t x = 0; x + stepPixels < count; x += stepPixels)
+        at(x);
+    at(count - stepPixels);
+}
+
 typedef double FourDoubles __attribute__((vector_size(32)));
 
 void widenPixels(double* to, const std::uint8_t* from, std::size_t count)

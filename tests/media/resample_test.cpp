@@ -70,6 +70,11 @@ TEST(Resample, agreesWithThePlainRuleAtEverySize)
         expectThePlainRule(white, 2 * half, 8, half, 4);
     }
     expectThePlainRule(noise(320, 240, 10), 320, 240, 160, 120);
+    // Doubling likewise.
+    for (int size = 2; size < 14; ++size) {
+        expectThePlainRule(noise(size, size + 1, 9), size, size + 1, 2 * size, 2 * size + 2);
+        expectThePlainRule(Picture(static_cast<std::size_t>(9 * size), 255), size, 3, 2 * size, 6);
+    }
     // Weights that return after a few rows, that never do, and that take more than 15 bits.
     for (const auto& [sw, sh, dw, dh] : { std::array { 1024, 768, 160, 120 },
              std::array { 811, 602, 97, 61 }, std::array { 1280, 1000, 32, 24 } }) {
