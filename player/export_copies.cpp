@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 
+#include <random>
 #include <utility>
 
 namespace kez::player {
@@ -28,15 +29,48 @@ std::string nameOfCopy(const std::string& name, int number)
 
 enum class Outcome { Copied, WasThere, Failed };
 
-Outcome copyTo(const std::string& folder, const std::string& name, const files::Bytes& bytes)
+// One that no other player chooses, which may copy into the same folder at the same moment.
+std::string unusedName()
+{
+    std::random_device random;
+    return "kez-copy-" + std::to_string(random()) + std::to_string(random()) + ".tmp";
+}
+
+bool isThereAlready(const std::string& folder, const std::string& name, const files::Bytes& bytes)
 {
     for (int number = 1; number <= mostCopies; ++number) {
         const std::string place = joined(folder, nameOfCopy(name, number));
         if (!files::exists(place))
-            return files::write(place, bytes) ? Outcome::Copied : Outcome::Failed;
+            return false;
         if (files::read(place) == bytes)
-            return Outcome::WasThere;
+            return true;
     }
+    return false;
+}
+
+// By renaming, which replaces nothing, so that two players never take the same name.
+bool takeFreeName(const std::string& written, const std::string& folder, const std::string& name)
+{
+    for (int number = 1; number <= mostCopies; ++number) {
+        const std::string place = joined(folder, nameOfCopy(name, number));
+        if (files::rename(written, place))
+            return true;
+        if (!files::exists(place))
+            return false;
+    }
+    return false;
+}
+
+Outcome copyTo(const std::string& folder, const std::string& name, const files::Bytes& bytes)
+{
+    if (isThereAlready(folder, name, bytes))
+        return Outcome::WasThere;
+    const std::string written = joined(folder, unusedName());
+    if (!files::write(written, bytes))
+        return Outcome::Failed;
+    if (takeFreeName(written, folder, name))
+        return Outcome::Copied;
+    static_cast<void>(files::remove(written));
     return Outcome::Failed;
 }
 

@@ -6,6 +6,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
 namespace kez::player {
 namespace {
 
@@ -47,6 +53,28 @@ TEST_F(ExportCopiesTest, replaceNothing)
     EXPECT_EQ(home.get("Pictures/Kez/image  1.jpg"), "theirs");
     EXPECT_EQ(home.get("Pictures/Kez/Image  1 (2).JPG"), "also theirs");
     EXPECT_EQ(home.get("Pictures/Kez/Image  1 (3).JPG"), "ours");
+}
+
+// A class whose computers share one folder, all told to stop at once.
+TEST_F(ExportCopiesTest, ofManyPlayersAtOnceAllStay)
+{
+    constexpr int players = 8;
+    std::vector<std::thread> threads;
+    for (int player = 0; player < players; ++player) {
+        threads.emplace_back([this, player] {
+            const TemporaryFolder own;
+            ExportCopies theirs(own.path(), kez);
+            theirs.runStarts();
+            own.put("Photo  1.JPG", "of player " + std::to_string(player));
+            EXPECT_THAT(theirs.runEnds(), HasSubstr("Copied"));
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    std::set<std::string> kept;
+    for (const auto& file : std::filesystem::directory_iterator(kez))
+        kept.insert(home.get("Pictures/Kez/" + file.path().filename().string()));
+    EXPECT_EQ(kept.size(), players);
 }
 
 TEST_F(ExportCopiesTest, sayWhatCannotBeCopiedAndWhereItStays)
