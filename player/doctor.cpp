@@ -36,7 +36,8 @@ Finding examineVoice(const std::string& content, const std::string& language)
         return { "voice", false,
             folder
                 + " holds no sounds, so the guide is silent. Build the content (./run does), or "
-                  "choose another --language." };
+                  "choose one of "
+                + languagesOf(content) + " with --language." };
     const auto silent = std::ranges::count_if(clips,
         [&folder](const files::Entry& clip) { return !canBePlayed(folder + '/' + clip.name); });
     if (silent == 0)
@@ -46,12 +47,18 @@ Finding examineVoice(const std::string& content, const std::string& language)
             + " are damaged and stay silent. Build the content anew (./run does)." };
 }
 
+// Those of the pinboard, which may still be thrown away, begin with this sign.
+bool isKept(const files::Entry& picture)
+{
+    return !picture.name.starts_with('~');
+}
+
 Finding examineData(const std::string& data)
 {
     const std::string note = dataNote(data);
     if (!note.empty())
         return { "pictures", false, note };
-    const std::size_t kept = files::list(data + "\\photo", "cam").size();
+    const auto kept = std::ranges::count_if(files::list(data + "\\photo", "cam"), isKept);
     return { "pictures", true,
         std::to_string(kept) + (kept == 1 ? " picture is kept in " : " pictures are kept in ")
             + data + "." };

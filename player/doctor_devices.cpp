@@ -86,7 +86,8 @@ Finding examineCamera(const Places& places)
     return { "camera", true,
         isDemo ? "The demonstration camera has " + number
                 + " pictures; --camera folder:DIR takes your own photographs."
-               : "It takes the photographs of " + folder + ": " + number + "." };
+               : "It takes the photographs of " + folder + ": " + number
+                + ". Should one not come, --verbose says why." };
 }
 
 } // namespace

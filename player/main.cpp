@@ -23,7 +23,8 @@ std::optional<std::vector<Step>> readVisit(const std::string& file)
 {
     if (file.empty())
         return std::vector<Step> {};
-    const auto text = kez::files::readText(fs::absolute(file).string());
+    std::error_code error; // an empty path cannot be read
+    const auto text = kez::files::readText(fs::absolute(file, error).string());
     if (!text) {
         std::cerr << file << ": the visit cannot be read\n";
         return std::nullopt;

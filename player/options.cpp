@@ -3,8 +3,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <limits>
 #include <ostream>
+#include <vector>
 
 namespace kez::player {
 namespace {
@@ -27,7 +29,37 @@ std::string checkCamera(const std::string& text)
         return {};
     if (text.starts_with(folder) && text.size() > folder.size())
         return {};
-    return "\"" + text + "\" is no camera; try demo, none or folder:DIR";
+    return "takes demo, none or folder:DIR, not \"" + text + "\"";
+}
+
+// One of the words that an option takes.
+CLI::Validator oneOf(std::vector<std::string> words)
+{
+    return { [words = std::move(words)](std::string& text) {
+                return std::ranges::find(words, text) != words.end()
+                    ? std::string()
+                    : "takes one of " + CLI::detail::join(words, ", ") + ", not \"" + text + "\"";
+            },
+        "" };
+}
+
+std::string checkBudget(const std::string& text)
+{
+    constexpr int most = std::numeric_limits<int>::max();
+    int bytes = 0;
+    return CLI::detail::lexical_cast(text, bytes) && bytes >= 0
+        ? std::string()
+        : "takes a number of bytes from 0 to " + std::to_string(most) + ", not \"" + text + "\"";
+}
+
+std::string complaintOf(const CLI::App*, const CLI::Error& error)
+{
+    std::string text = error.what();
+    if (error.get_name() == "ArgumentMismatch")
+        text = text.substr(0, text.find(':')) + " needs a value behind it";
+    if (const auto colon = text.find(": takes"); colon != std::string::npos)
+        text.erase(colon, 1);
+    return "kez-player: " + text + "\nkez-player --help lists what it takes.\n";
 }
 
 Activity activityNamed(const std::string& name)
@@ -40,7 +72,7 @@ void addActivity(CLI::App& app, Options& options)
     app.add_option_function<std::string>(
            "--module", [&](const std::string& name) { options.activity = activityNamed(name); },
            "What to start with: camera or book")
-        ->check(CLI::IsMember({ "camera", "book" }))
+        ->check(oneOf({ "camera", "book" }))
         ->option_text("NAME [camera]");
     app.add_option("--data", options.data, "Where the pictures are kept")->type_name("DIR");
     auto* pictures = app.add_option("--pictures", options.pictures,
@@ -54,7 +86,7 @@ void addActivity(CLI::App& app, Options& options)
         ->check(checkCamera)
         ->option_text("SOURCE [" + options.camera + "]");
     app.add_option("--disk-budget", options.diskBudget, "Bytes that one run may add to the disk")
-        ->check(CLI::Range(0, std::numeric_limits<int>::max()))
+        ->check(checkBudget)
         ->option_text("BYTES [" + std::to_string(options.diskBudget) + "]");
     app.add_flag_callback(
         "--no-song", [&] { options.song = false; }, "Leave out the song");
@@ -68,7 +100,7 @@ void addActivity(CLI::App& app, Options& options)
 void addDisplay(CLI::App& app, Options& options)
 {
     app.add_option("--depth", options.depth, "Bits of a pixel on the display: 16, 24 or 32")
-        ->check(CLI::IsMember({ 16, 24, 32 }))
+        ->check(oneOf({ "16", "24", "32" }))
         ->option_text("BITS [" + std::to_string(options.depth) + "]");
     app.add_flag("--fullscreen", options.fullScreen, "Fill the screen from the start");
     app.add_flag("--headless", options.headless, "Show no window; needs no display");
@@ -87,7 +119,8 @@ void addVisits(CLI::App& app, Options& options)
         ->type_name("DIR");
     app.add_flag("--doctor", options.doctor,
         "Say what is there of display, sound, camera, content and room, and what to do");
-    app.add_flag("--verbose", options.verbose, "Show diagnostics on standard error");
+    app.add_flag("--verbose", options.verbose,
+        "Tell more on standard error, such as why a photograph is skipped");
 }
 
 // Without a window nobody could ever end it.
@@ -105,6 +138,7 @@ Usage readOptions(int count, const char* const* arguments, const Options& defaul
     Usage usage { .options = defaults };
     CLI::App app(description, "kez-player");
     app.footer(keys);
+    app.failure_message(complaintOf);
     app.set_version_flag("--version", "kez-player " KEZ_VERSION);
     addActivity(app, usage.options);
     addDisplay(app, usage.options);

@@ -12,9 +12,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// The current directory may have been removed; then nothing relative can be found.
 std::string whole(const std::string& path)
 {
-    return path.empty() ? path : fs::absolute(path).string();
+    std::error_code error;
+    const std::string found = path.empty() ? path : fs::absolute(path, error).string();
+    return error ? path : found;
+}
+
+std::string currentDirectory()
+{
+    std::error_code error;
+    return fs::current_path(error).string();
 }
 
 std::string usualContent()
@@ -56,8 +65,7 @@ Options usualOptions()
 Places placesFor(const Options& options)
 {
     return { whole(options.data), whole(options.content), picturesFor(options),
-        whole(options.handedBack), whole(options.log), fs::current_path().string(),
-        cameraFor(options) };
+        whole(options.handedBack), whole(options.log), currentDirectory(), cameraFor(options) };
 }
 
 } // namespace kez::player

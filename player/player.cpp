@@ -127,6 +127,9 @@ bool Player::prepare()
     // Without a window nobody listens, and a visit's clock is not the sound's.
     if (!options_.headless)
         sound_ = makeSoundOutput(window_->handle());
+    if (!options_.headless && sound_ == nullptr)
+        std::cerr << "There is no sound output, so the guide is silent; --captions shows what it "
+                     "says, and kez-player --doctor tells more.\n";
     return prepareGuide() && claimData();
 }
 
@@ -150,7 +153,8 @@ bool Player::prepareGuide()
     const std::string voices = voiceDirectory(places_.content, options_.language);
     if (options_.language != "en" && !files::isDirectory(voices + "/audio"))
         return complain("The guide does not speak \"" + options_.language + "\": " + voices
-            + "/audio is not there.");
+            + "/audio is not there. Choose one of " + languagesOf(places_.content)
+            + " with --language.");
     if (options_.captions) {
         captions_.read(voices + "/audio/captions.txt");
         if (captions_.empty())
@@ -163,7 +167,8 @@ bool Player::prepareGuide()
     if (places_.log.empty())
         return true;
     log_.open(places_.log);
-    return log_ ? true : complain(places_.log + " cannot be written.");
+    return log_ ? true
+                : complain(places_.log + " cannot be written. Name another file with --log FILE.");
 }
 
 // The archive has been read; from now on the module looks for nothing but sounds.
@@ -250,7 +255,8 @@ void Player::endRun()
     HandedBack handedBack = takeHandedBack();
     if (!places_.handedBack.empty() && !handedBack.picture.empty()
         && !writePng(places_.handedBack, handedBack.picture)) {
-        std::cerr << "kez-player: " << places_.handedBack << " cannot be written\n";
+        std::cerr << "kez-player: " << places_.handedBack
+                  << " cannot be written; name another file with --handed-back FILE\n";
         exitCode_ = ExitCode::Failed;
     }
     desk_->lay(std::move(handedBack));

@@ -5,9 +5,11 @@
 #include "platform/files.h"
 #include "platform/path_names.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <vector>
 
 namespace kez::player {
 namespace {
@@ -18,6 +20,12 @@ bool canBeWritten(const std::string& directory)
 {
     const std::string probe = directory + "\\kez-probe.tmp";
     return files::write(probe, std::array<std::uint8_t, 1> { 0 }) && files::remove(probe);
+}
+
+bool isOnFullDisk(const std::string& directory)
+{
+    std::error_code error;
+    return std::filesystem::space(directory, error).available == 0 && !error;
 }
 
 // What is wrong with the archive of the pictures, or nothing.
@@ -46,6 +54,21 @@ std::string voiceDirectory(const std::string& content, const std::string& langua
     return language == "en" ? content : content + "/languages/" + language;
 }
 
+std::string languagesOf(const std::string& content)
+{
+    namespace fs = std::filesystem;
+    std::vector<std::string> found { "en" };
+    std::error_code ignored; // there are no others
+    for (fs::directory_iterator folder(content + "/languages", ignored), end; folder != end;
+         folder.increment(ignored))
+        found.push_back(folder->path().filename().string());
+    std::ranges::sort(found);
+    std::string text;
+    for (const std::string& language : found)
+        text += (text.empty() ? "" : ", ") + language;
+    return text;
+}
+
 std::string dataNote(const std::string& data)
 {
     std::error_code error;
@@ -53,6 +76,10 @@ std::string dataNote(const std::string& data)
     const bool isDirectory = files::isDirectory(data);
     if (isDirectory && canBeWritten(data))
         return {};
+    if (isOnFullDisk(data))
+        return data
+            + " is on a full disk: no picture will be kept. Make room there, or choose another "
+              "place with --data DIR.\n";
     return data + (isDirectory ? " cannot be written" : " is no directory and cannot become one")
         + ": no picture will be kept. Choose another place with --data DIR, or change who may "
           "write there.\n";

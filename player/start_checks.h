@@ -12,6 +12,9 @@ namespace kez::player {
 /// The directory that holds the guide's voice of a language: the content's own for English.
 [[nodiscard]] std::string voiceDirectory(const std::string& content, const std::string& language);
 
+/// The languages that the guide speaks, in the order of their codes: "de, en".
+[[nodiscard]] std::string languagesOf(const std::string& content);
+
 /// Makes the directory for the pictures; a line on what stands against keeping pictures there, or
 /// nothing.
 [[nodiscard]] std::string dataNote(const std::string& data);

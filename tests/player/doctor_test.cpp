@@ -28,7 +28,8 @@ protected:
                         "\1\2",
                 12));
         home.put("content/audio/kez01.wv5", test::SoundRecord { .packed = { 128, 128 } }.text());
-        home.put("store/photo/~1.cam", "picture");
+        home.put("store/photo/Zoo.cam", "kept");
+        home.put("store/photo/~1.cam", "on the pinboard");
         home.put("file", "no folder");
         options.diskBudget = 0;
         places.content = home / "content";
@@ -62,7 +63,7 @@ TEST_F(DoctorTest, namesWhatIsMissingAndTheRemedy)
     home.put("content/audio/kez02.wv5", "hello");
     EXPECT_THAT(report(), HasSubstr("1 of 2 sounds"));
     options.language = "xx";
-    EXPECT_THAT(report(), HasSubstr("choose another --language"));
+    EXPECT_THAT(report(), HasSubstr("choose one of en with --language"));
     options.language = "en";
     places.data = home / "file";
     EXPECT_THAT(report(), HasSubstr("MISSING  pictures  " + places.data));

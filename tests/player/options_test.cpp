@@ -68,6 +68,7 @@ TEST(Options, refuseWhatIsOutOfRange)
         EXPECT_FALSE(refused.usage.start);
         EXPECT_EQ(refused.usage.exitCode, ExitCode::BadUsage);
         EXPECT_THAT(refused.err, HasSubstr(arguments[0]));
+        EXPECT_THAT(refused.err, HasSubstr("--help"));
     }
     EXPECT_EQ(answer({ "--disk-budget", "2147483647" }).usage.options.diskBudget, 2147483647);
 }
