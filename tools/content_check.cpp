@@ -87,6 +87,17 @@ public:
         checkOverlaps(buttons);
     }
 
+    // Content need not have them; those that it has lie on their picture.
+    void face(const FaceNeeds& needs)
+    {
+        const auto bearer = find(needs.bearer);
+        for (const std::string& name : needs.parts) {
+            const auto part = find(name);
+            if (part && bearer)
+                checkOverGround(*part, *bearer);
+        }
+    }
+
     void pointer(const std::string& name)
     {
         constexpr int smallest = 30; // the tip lies 15 pixels left of the middle and above it
@@ -128,15 +139,21 @@ private:
     // Empty when it is missing, or not to be drawn: that has been reported with the records.
     std::optional<Picture> take(const std::string& name, const std::string& what)
     {
-        const std::string recordName = name + ".sp5";
-        taken_.insert(normalisedRecordName(recordName));
-        const ArchiveRecord* record = recordNamed(records_, recordName);
-        if (record == nullptr) {
+        if (recordNamed(records_, name + ".sp5") == nullptr)
             fault(name,
                 "it is missing. It is " + what + "; draw it, and write \"sprite " + name
                     + "\" into the manifest");
+        return find(name);
+    }
+
+    // The same of what may be missing.
+    std::optional<Picture> find(const std::string& name)
+    {
+        const std::string recordName = name + ".sp5";
+        taken_.insert(normalisedRecordName(recordName));
+        const ArchiveRecord* record = recordNamed(records_, recordName);
+        if (record == nullptr)
             return std::nullopt;
-        }
         const char* reason = nullptr;
         const auto sprite = SpriteView::parse(record->bytes, reason);
         if (!sprite || !sprite->isDrawable())
@@ -270,6 +287,8 @@ void checkPictures(
     PictureCheck check(records, findings);
     for (const ScreenNeeds& screen : needs.screens)
         check.screen(screen);
+    for (const FaceNeeds& face : needs.faces)
+        check.face(face);
     for (const std::string& pointer : needs.pointers)
         check.pointer(pointer);
     check.rest();

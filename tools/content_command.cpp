@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// kez content: an artist's folder becomes a folder that the player takes. What the artist has not
 /// made is taken from content that is complete already.
+#include "activity/content_needs.h"
 #include "archive_listing.h"
 #include "archive_packer.h"
 #include "archive_writer.h"
@@ -129,6 +130,19 @@ private:
         std::printf("%s\n", encodeSound(job).c_str());
     }
 
+    // Our guide's face fits our own drawings only: its parts stay away from a picture of the
+    // artist's.
+    static std::set<std::string> facesOf(const std::set<std::string>& own)
+    {
+        std::set<std::string> parts;
+        for (const FaceNeeds& face : contentNeeds().faces)
+            if (own.contains(normalisedRecordName(face.bearer + ".sp5")))
+                for (const std::string& part : face.parts)
+                    for (const char* kind : { ".sp5", ".pal", ".alp" })
+                        parts.insert(normalisedRecordName(part + kind));
+        return parts;
+    }
+
     // The artist's records, and those of the complete content whose names they do not have.
     [[nodiscard]] Records completed(Records records) const
     {
@@ -138,6 +152,7 @@ private:
         for (auto& record : records)
             for (const ArchiveRecord& each : listRecords(record).records)
                 own.insert(normalisedRecordName(each.name));
+        own.merge(facesOf(own));
         const OpenArchive base = openArchive((over_ / archivePath).string());
         for (const ArchiveRecord& each : base.list.records)
             if (!own.contains(normalisedRecordName(each.name)))

@@ -44,6 +44,7 @@ void ActivityScreen::onEnter()
     view_.attach();
     view_.realize();
     view_.visible = true;
+    face_.show();
 
     pointer_.realize();
     helpPointer_.realize();
@@ -60,6 +61,7 @@ void ActivityScreen::onLeave()
     mouseService_.detach();
     clickService_.detach();
     keyService_.detach();
+    face_.hide();
     view_.detach();
     view_.unrealize();
     view_.visible = false;
@@ -92,7 +94,7 @@ void ActivityScreen::explainClicked(std::span<const Button> buttons)
 {
     for (const Button& button : buttons)
         if (button.image == pickedItem)
-            sayGuide(button.helpClip);
+            explain(*button.image, button.helpClip);
     leaveHelpMode();
 }
 

@@ -7,6 +7,7 @@
 /// else.
 #pragma once
 
+#include "activity/guide_face.h"
 #include "display/scene.h"
 #include "display/view.h"
 #include "input/input_services.h"
@@ -41,6 +42,8 @@ public:
         return { &shutterSound_, &tapSound_, &badSound_, &trashSound_ };
     }
 
+    [[nodiscard]] const GuideFace& face() const { return face_; }
+
 protected:
     /// A rollover button, and the guide's clip that explains it.
     struct Button {
@@ -61,6 +64,7 @@ protected:
     static void introduceOnce();
 
     View view_;
+    GuideFace face_; ///< On the pictures that the screen names.
     MouseService mouseService_;
     ClickService clickService_;
     KeyService keyService_;

@@ -57,6 +57,8 @@ CameraScreen::CameraScreen()
         Image("wait07", true), Image("wait08", true) }
 {
     grid_.setClient(this);
+    face_.addBearer(backdrop_);
+    face_.addBearer(helpButton_);
 }
 
 GridLayout CameraScreen::layout()

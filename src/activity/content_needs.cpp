@@ -68,6 +68,15 @@ ScreenNeeds importNeeds()
     return needs;
 }
 
+void addFaces(std::vector<FaceNeeds>& needs, const GuideFace& face)
+{
+    for (const FacePictures& each : face.pictures()) {
+        FaceNeeds& added = needs.emplace_back(FaceNeeds { nameOf(each.bearer()), {} });
+        for (const Image& part : each.parts())
+            added.parts.push_back(nameOf(part));
+    }
+}
+
 std::vector<std::string> clipNames()
 {
     std::vector<std::string> names;
@@ -87,6 +96,9 @@ ContentNeeds contentNeeds()
     needs.screens
         = { cameraNeeds(), bookNeeds(), needsOf("the export popup", exportPopup().images()),
               importNeeds(), needsOf("the save question", saveDialog().images()) };
+    for (const GuideFace* face : { &cameraScreen().face(), &photoBook().face(),
+             &exportPopup().face(), &importPopup().face(), &saveDialog().face() })
+        addFaces(needs.faces, *face);
     for (const Image* pointer : cameraScreen().pointers())
         needs.pointers.push_back(nameOf(*pointer));
     for (const Image& frame : cameraScreen().busyFrames())

@@ -26,8 +26,15 @@ struct ScreenNeeds {
     std::vector<Place> places;
 };
 
+/// A picture with the guide on it, and those that make its face move. Content may lack them.
+struct FaceNeeds {
+    std::string bearer;
+    std::vector<std::string> parts;
+};
+
 struct ContentNeeds {
     std::vector<ScreenNeeds> screens;
+    std::vector<FaceNeeds> faces;
     std::vector<std::string> pointers;
     std::vector<std::string> sounds; ///< Of the screens.
     std::vector<std::string> clips; ///< Of the guide: those that are asked for.

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "activity/guide.h"
 
+#include "core/clock.h"
+#include "display/graphic.h"
+
 namespace kez {
 
 namespace {
@@ -35,6 +38,8 @@ void Guide::playClip(std::int32_t kind, std::int32_t clipId)
             continue;
         unloadPlaying();
         playing_ = found;
+        startedAt_ = frameTime;
+        subject_.reset();
         found->voice.setName(found->soundName.c_str());
         found->voice.attach();
         found->voice.play(false);
@@ -71,6 +76,12 @@ Guide& guide()
 void sayGuide(int clipId)
 {
     guide().playClip(0, clipId);
+}
+
+void explain(const Graphic& thing, int clipId)
+{
+    sayGuide(clipId);
+    guide().setSubject({ (thing.left() + thing.right()) / 2, (thing.top() + thing.bottom()) / 2 });
 }
 
 void stopGuide()

@@ -4,9 +4,11 @@
 #pragma once
 
 #include "core/list.h"
+#include "display/cursor.h"
 #include "media/sound.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace kez {
 
@@ -33,6 +35,14 @@ public:
 
     [[nodiscard]] GuideClip* playing() const { return playing_; } ///< Also after its sound ended.
 
+    [[nodiscard]] std::uint32_t startedAt() const { return startedAt_; } ///< Its frame's time.
+
+    /// Where on the stage the playing clip's subject is, if it has one. A new clip has none at
+    /// first.
+    [[nodiscard]] std::optional<StagePoint> subject() const { return subject_; }
+
+    void setSubject(StagePoint place) { subject_ = place; }
+
     /// Hears of every clip that starts, with its duration (0 when it cannot be heard), and of clip
     /// 0 when the guide is silenced.
     using Listener = void (*)(int clipId, unsigned durationMs);
@@ -44,6 +54,8 @@ private:
 
     Listener listener_ = nullptr;
     GuideClip* playing_ = nullptr;
+    std::uint32_t startedAt_ = 0;
+    std::optional<StagePoint> subject_;
 };
 
 Guide& guide();
@@ -80,6 +92,7 @@ constexpr int asked[] = { help, introduction, bookCamera, camera, book, save, im
 } // namespace clip
 
 void sayGuide(int clipId); ///< `guide().playClip(0, clipId)`.
+void explain(const Graphic& thing, int clipId); ///< The same, of something on the screen.
 void stopGuide();
 
 } // namespace kez

@@ -52,6 +52,8 @@ PhotoBook::PhotoBook()
     , bookButton_("bookRoll", false)
 {
     grid_.setClient(this);
+    face_.addBearer(backdrop_);
+    face_.addBearer(helpButton_);
 }
 
 GridLayout PhotoBook::layout()
@@ -161,7 +163,7 @@ void PhotoBook::gridClicked()
 {
     if (grid_.click() == ThumbnailGrid::Click::Help) {
         if (page_.entry(grid_.selectedIndex()) != nullptr)
-            sayGuide(clip::bookCell);
+            explain(*pickedItem, clip::bookCell);
         return;
     }
     commitName();

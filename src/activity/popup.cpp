@@ -19,6 +19,7 @@ Popup::Popup(const char* pictureName)
     clickService_.setClient(this);
     mouseService_.setClient(this);
     view_.add(picture_);
+    face_.addBearer(picture_);
 }
 
 void Popup::addButtons(std::initializer_list<Image*> buttons)
@@ -48,6 +49,7 @@ void Popup::enter()
     view_.attach();
     view_.realize();
     view_.visible = true;
+    face_.show();
 }
 
 void Popup::leave()
@@ -59,6 +61,7 @@ void Popup::leave()
     openPopup = nullptr;
     clickService_.detach();
     mouseService_.detach();
+    face_.hide();
     view_.detach();
     view_.unrealize();
     view_.visible = false;

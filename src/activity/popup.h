@@ -3,6 +3,7 @@
 /// it closes on most of them, so at most one is open. The screen below goes on hearing its input.
 #pragma once
 
+#include "activity/guide_face.h"
 #include "display/scene.h"
 #include "display/view.h"
 #include "input/input_services.h"
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] bool isOpen() const { return open_; }
 
     [[nodiscard]] std::vector<Image*> images(); ///< The picture, which shows, and the buttons.
+
+    [[nodiscard]] const GuideFace& face() const { return face_; }
 
 protected:
     explicit Popup(const char* pictureName);
@@ -44,6 +47,7 @@ private:
     ClickService clickService_;
     MouseService mouseService_;
     Image picture_;
+    GuideFace face_;
     std::vector<Image*> buttons_;
     bool open_ = false;
 };

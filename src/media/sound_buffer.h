@@ -45,6 +45,8 @@ public:
 
     [[nodiscard]] bool isSilent() const { return buffer_ == nullptr; }
 
+    [[nodiscard]] bool hasSyncTrack() const { return !syncValues_.empty(); }
+
     [[nodiscard]] bool loops() const { return loop_; }
 
 private:

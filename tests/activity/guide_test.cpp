@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "activity/guide.h"
 
+#include "activity/guide_face.h"
+#include "activity/sprite_files.h"
 #include "activity/stored_files.h"
 #include "control_sound.h"
+#include "core/clock.h"
 #include "core/flags.h"
+#include "display/canvas.h"
 #include "media/sound_record_bytes.h"
 #include "platform/temporary_folder.h"
 #include "support/host_window.h"
@@ -132,6 +136,64 @@ TEST_F(GuideTest, speaksWhenTheBudgetIsUsedUp)
     EXPECT_TRUE(heardOf.empty());
     EXPECT_FALSE(hasRoom(100));
     EXPECT_EQ(heard(), clip::noRoom);
+}
+
+/// Of a face on a picture of 9 x 9: what its middle shows, ms after the clip began.
+class Mouth {
+public:
+    explicit Mouth(const TemporaryFolder& folder)
+    {
+        createArchive();
+        for (const SpriteFile& part :
+            { SpriteFile { "wall", 0, 0, 9, 9 }, SpriteFile { "wallAjar", 0, 0, 9, 9, 100, ajar },
+                SpriteFile { "wallOpen", 0, 0, 9, 9, 100, open } })
+            kez::test::addSprite(folder, part);
+        face.addBearer(bearer);
+        face.show();
+    }
+
+    ~Mouth()
+    {
+        face.hide();
+        destroyArchive();
+    }
+
+    Mouth(const Mouth&) = delete;
+    Mouth& operator=(const Mouth&) = delete;
+
+    std::uint32_t at(std::uint32_t milliseconds)
+    {
+        std::vector<std::uint32_t> pixels(81, shut);
+        const MemoryCanvas canvas(pixels.data(), 9, 9);
+        frameTime = guide().startedAt() + milliseconds;
+        face.draw();
+        return pixels[40];
+    }
+
+    static constexpr std::uint32_t shut = 0;
+    static constexpr std::uint32_t ajar = 0xFF101010;
+    static constexpr std::uint32_t open = 0xFF202020;
+
+private:
+    Image bearer { "wall", true };
+    GuideFace face;
+};
+
+TEST_F(GuideTest, movesTheMouthByTheLoudnessOfWhatIsHeard)
+{
+    Mouth mouth(folder);
+    const SoundRecord record { .packed = SoundBytes(22050, 150),
+        .syncValues = { 0, 150, 255, 63, 64, 199, 200, 255, 255, 255, 255 } };
+    folder.put("audio/kez03.wv5", record.text());
+    sayGuide(3);
+    for (const auto& [ms, shape] : std::initializer_list<std::pair<unsigned, unsigned>> {
+             { 0, Mouth::shut }, { 100, Mouth::ajar }, { 200, Mouth::open }, { 300, Mouth::shut },
+             { 400, Mouth::ajar }, { 500, Mouth::ajar }, { 600, Mouth::open }, { 999, Mouth::open },
+             { 1000, Mouth::shut }, { 5000, Mouth::shut } })
+        EXPECT_EQ(mouth.at(ms), shape) << ms;
+    sayGuide(4); // has no such track
+    EXPECT_NE(mouth.at(0), Mouth::shut);
+    EXPECT_EQ(mouth.at(1000), Mouth::shut);
 }
 
 } // namespace

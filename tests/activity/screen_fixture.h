@@ -5,15 +5,14 @@
 
 #include "activity/activity_screen.h"
 #include "activity/guide.h"
+#include "activity/sprite_files.h"
 #include "activity/store_fixture.h"
 #include "activity/thumbnail_grid.h"
 #include "control_kernel.h"
 #include "core/clock.h"
 #include "display/scene.h"
 #include "input/events.h"
-#include "media/resource_archive.h"
 #include "sprites/image.h"
-#include "sprites/sprite_builder.h"
 
 #include <cstring>
 
@@ -45,15 +44,7 @@ protected:
 
     void addSprite(const char* name, int x, int y, int width, int height, int depth)
     {
-        const std::vector<std::uint32_t> pixels(
-            static_cast<std::size_t>(width * height), 0xFF808080);
-        SpriteRecord record;
-        const std::string fileName = std::string(name) + ".sp5";
-        record.makeTrueColour(fileName.c_str(), x, y, width, height, pixels.data(), false);
-        record.depth = depth;
-        const std::vector<std::uint8_t> bytes = record.serialise();
-        folder.put(fileName, std::string(bytes.begin(), bytes.end()));
-        ASSERT_NE(archive()->addFile((folder / fileName).c_str()), nullptr);
+        kez::test::addSprite(folder, { name, x, y, width, height, depth });
     }
 
     /// Buttons of 50 × 40 in a row at the bottom of the screen.

@@ -49,6 +49,10 @@ class WorkedExample(unittest.TestCase):
             done = self.run_line(line)
             self.assertEqual(done.returncode, 0, line + "\n" + done.stderr)
             said += done.stdout
+        # Our guide's face is not laid over the artist's card.
+        names = self.run_line("kez list mine/data/kez.wad").stdout
+        self.assertIn("camBackBlink", names)
+        self.assertNotIn("savePopBlink", names)
         picture = png_picture.read(self.place / "question.png")
         for (x, y), colour in {(320, 90): (0xFB, 0xE6, 0xB4), (250, 279): (0x8C, 0xC1, 0x52),
                                (390, 222): (0xFB, 0xE6, 0xB4)}.items():

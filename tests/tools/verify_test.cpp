@@ -128,6 +128,7 @@ TEST_F(Verifies, saysWhatIsWrongWithAPicture)
         { "camTrashRoll", { .x = -234, .y = -140 }, "covers a cell of the camera screen at (45, " },
         { "bookLeftRoll", { .x = -236, .y = 64, .width = 20, .height = 6 },
             "covers a name of the photo book" },
+        { "savePopBlink", { .x = 190 }, "and so beyond savePop" },
         { "wait05", { .width = 20, .height = 20 }, "a pointer has 30 x 30 to 96 x 96" },
         { "cursor", { .width = 32, .height = 0 }, "it has no pixels" },
     };
