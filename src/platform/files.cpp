@@ -3,8 +3,7 @@
 
 #include "platform/files_fault.h"
 #include "platform/files_system.h"
-
-#include <windows.h>
+#include "platform/refuse.h"
 
 #include <array>
 #include <utility>
@@ -14,12 +13,6 @@ namespace kez::files {
 namespace {
 
 constexpr std::size_t copyPiece = 64 * 1024;
-
-bool refuse(DWORD error)
-{
-    SetLastError(error);
-    return false;
-}
 
 system::Kind kindOf(const std::string& native)
 {
@@ -182,8 +175,6 @@ bool Writer::write(std::span<const std::uint8_t> bytes)
     failed_ = !fault::mayWrite(bytes.size());
     if (!failed_ && std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size())
         failed_ = !refuse(ERROR_DISK_FULL);
-    if (!failed_)
-        written_ += bytes.size();
     return !failed_;
 }
 
@@ -191,12 +182,6 @@ bool Writer::commit()
 {
     if (file_ == nullptr)
         return false;
-    if (std::ferror(file_) != 0)
-        failed_ = !refuse(ERROR_WRITE_FAULT);
-    // What a library wrote into the stream takes room like the rest.
-    const std::uint64_t end = system::position(file_);
-    if (!failed_ && end > written_)
-        failed_ = !fault::hasRoom(end - written_);
     if (failed_ || !fault::mayCommit()) {
         system::discard(std::exchange(file_, nullptr), beside_);
         return false;

@@ -114,15 +114,10 @@ public:
     bool write(std::span<const std::uint8_t> bytes); ///< Once false, always false.
     [[nodiscard]] bool commit();
 
-    /// The open stream, for a library that writes into one (libjpeg); null when not open. Checked
-    /// at `commit`.
-    [[nodiscard]] std::FILE* stream() const { return file_; }
-
 private:
     std::FILE* file_ = nullptr;
     std::string place_;
     std::string beside_;
-    std::uint64_t written_ = 0;
     bool failed_ = false;
 };
 

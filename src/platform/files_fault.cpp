@@ -2,8 +2,7 @@
 #include "platform/files_fault.h"
 
 #include "platform/files.h"
-
-#include <windows.h>
+#include "platform/refuse.h"
 
 #include <mutex>
 
@@ -13,12 +12,6 @@ namespace {
 
 std::mutex lock; // the camera's driver reads files on another thread
 Fault::Plan plan;
-
-bool refuse(DWORD error)
-{
-    SetLastError(error);
-    return false;
-}
 
 // True when the count has reached its turn; it then never comes again.
 bool isTurn(int& count)
@@ -57,12 +50,6 @@ bool mayWrite(std::uint64_t bytes)
     const std::lock_guard guard(lock);
     if (isTurn(plan.failWriteNumber))
         return refuse(ERROR_WRITE_FAULT);
-    return takeRoom(bytes);
-}
-
-bool hasRoom(std::uint64_t bytes)
-{
-    const std::lock_guard guard(lock);
     return takeRoom(bytes);
 }
 

@@ -8,7 +8,6 @@
 namespace kez::files::fault {
 
 [[nodiscard]] bool mayWrite(std::uint64_t bytes);
-[[nodiscard]] bool hasRoom(std::uint64_t bytes); ///< For bytes that came past `mayWrite`.
 [[nodiscard]] bool mayCommit();
 [[nodiscard]] bool mayRename();
 [[nodiscard]] bool mayRemove();

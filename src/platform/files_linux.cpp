@@ -169,12 +169,6 @@ bool seek(std::FILE* file, std::uint64_t position)
     return ::fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0;
 }
 
-std::uint64_t position(std::FILE* file)
-{
-    const off_t at = ::ftello(file);
-    return at < 0 ? 0 : static_cast<std::uint64_t>(at);
-}
-
 bool removeFile(const std::string& native)
 {
     std::uint64_t bytes = 0;

@@ -28,7 +28,6 @@ enum class Kind { None, File, Directory, Other };
 void discard(std::FILE* file, const std::string& beside);
 
 [[nodiscard]] bool seek(std::FILE* file, std::uint64_t position);
-[[nodiscard]] std::uint64_t position(std::FILE* file);
 
 [[nodiscard]] bool removeFile(const std::string& native);
 

@@ -2,6 +2,7 @@
 #include "platform/files.h"
 #include "platform/files_system.h"
 #include "platform/path_names.h"
+#include "platform/refuse.h"
 
 #include <windows.h>
 
@@ -15,12 +16,6 @@ namespace kez::files {
 namespace {
 
 constexpr int besideAttempts = 10;
-
-bool refuse(DWORD error)
-{
-    SetLastError(error);
-    return false;
-}
 
 std::string folderOf(const std::string& native)
 {
@@ -175,12 +170,6 @@ void discard(std::FILE* file, const std::string& beside)
 bool seek(std::FILE* file, std::uint64_t position)
 {
     return ::_fseeki64(file, static_cast<std::int64_t>(position), SEEK_SET) == 0;
-}
-
-std::uint64_t position(std::FILE* file)
-{
-    const std::int64_t at = ::_ftelli64(file);
-    return at < 0 ? 0 : static_cast<std::uint64_t>(at);
 }
 
 bool removeFile(const std::string& native)

@@ -82,12 +82,6 @@ std::string matched(const PathParts& parts)
 
 } // namespace
 
-bool refuse(DWORD error)
-{
-    SetLastError(error);
-    return false;
-}
-
 bool fail()
 {
     for (const ErrorPair& pair : errorPairs)
@@ -127,7 +121,7 @@ std::string nativePath(std::string_view path)
     PathParts parts;
     if (splitPath(path, parts))
         return native::locate(parts);
-    native::refuse(ERROR_INVALID_NAME);
+    refuse(ERROR_INVALID_NAME);
     return {};
 }
 

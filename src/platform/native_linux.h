@@ -3,8 +3,7 @@
 #pragma once
 
 #include "platform/path_names.h"
-
-#include <windows.h>
+#include "platform/refuse.h"
 
 #include <memory>
 #include <string>
@@ -13,8 +12,7 @@
 
 namespace kez::files::native {
 
-bool refuse(DWORD error); ///< Sets the last error and answers false.
-bool fail(); ///< The same for what `errno` says.
+bool fail(); ///< Refuses for what `errno` says.
 
 /// The path as the file system spells it, as far as it exists; exact spellings go first.
 [[nodiscard]] std::string locate(const PathParts& parts);

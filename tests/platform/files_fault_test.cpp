@@ -77,19 +77,6 @@ TEST(FilesFault, roomIsSharedByTheFilesThatAreWritten)
     EXPECT_EQ(folder.names(), Names({ "a", "c" }));
 }
 
-TEST(FilesFault, whatALibraryPutsIntoTheStreamNeedsRoom)
-{
-    const TemporaryFolder folder;
-    for (const std::int64_t room : { 5, 6 }) {
-        const Fault fault({ .roomBytes = room });
-        Writer writer(folder / "a.jpg");
-        ASSERT_TRUE(writer.write(bytesOf("by")));
-        std::fputs("hand", writer.stream());
-        EXPECT_EQ(writer.commit(), room == 6) << room;
-    }
-    EXPECT_EQ(folder.get("a.jpg"), "byhand");
-}
-
 TEST(FilesFault, renamesAndRemovesFailOnRequestAndWorkAgainAfterwards)
 {
     const TemporaryFolder folder;
@@ -104,20 +91,6 @@ TEST(FilesFault, renamesAndRemovesFailOnRequestAndWorkAgainAfterwards)
     EXPECT_EQ(folder.get("b"), "A");
     EXPECT_TRUE(remove(folder / "b"));
     EXPECT_TRUE(folder.names().empty());
-}
-
-TEST(FilesFault, aRealFullDiskFailsTheWrite)
-{
-    // The stream goes to a device that is always full; what the buffer holds fails at the commit.
-    const TemporaryFolder folder;
-    folder.put("a", "old");
-    Writer writer(folder / "a");
-    ASSERT_NE(std::freopen("/dev/full", "wb", writer.stream()), nullptr);
-    EXPECT_TRUE(writer.write(bytesOf("new")));
-    EXPECT_FALSE(writer.commit());
-    EXPECT_EQ(GetLastError(), ERROR_DISK_FULL);
-    EXPECT_EQ(folder.names(), Names({ "a" }));
-    EXPECT_EQ(folder.get("a"), "old");
 }
 
 } // namespace

@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -90,6 +93,27 @@ TEST(Files, areListedByExtensionWithoutWhatCannotBeNamed)
     folder.put("c:d.clip", "odd");
     EXPECT_EQ(Reader(folder / "c:d.clip", Naming::TheSystems).size(), 3u);
     EXPECT_FALSE(Reader(folder / "c:d.clip"));
+}
+
+TEST(Files, thatTheSystemCutsShortAreNotPutInPlace)
+{
+    // No file may grow beyond three bytes; what the buffer still holds fails at the commit.
+    const TemporaryFolder folder;
+    folder.put("a", "old");
+    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit small { 3, limit.rlim_max };
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const bool fits = write(folder / "a", bytesOf("new"));
+    const bool isTooLong = !write(folder / "a", bytesOf("newer"));
+    const DWORD error = GetLastError();
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, ignored);
+    EXPECT_TRUE(fits && isTooLong);
+    EXPECT_EQ(error, ERROR_FILE_TOO_LARGE);
+    EXPECT_EQ(folder.names(), Names({ "a" }));
+    EXPECT_EQ(folder.get("a"), "new");
 }
 
 TEST(Files, renameKeepsLinksThatLeadNowhere)
