@@ -27,11 +27,11 @@ template <int bits>
 void readIndices(const BmpHeader& header, const BYTE* from, BYTE* to)
 {
     constexpr int perByte = 8 / bits;
+    constexpr int mask = (1 << bits) - 1;
     for (int x = 0; x < header.width; ++x) {
         const int shift = 8 - bits - x % perByte * bits;
-        put(to,
-            header
-                .palette[static_cast<std::size_t>(from[x / perByte] >> shift & ((1 << bits) - 1))]);
+        const int index = from[x / perByte] >> shift & mask;
+        put(to, header.palette[static_cast<std::size_t>(index)]);
     }
 }
 

@@ -31,8 +31,7 @@ FT_Library library()
 
 int scaled(int units, int em, const FT_FaceRec_& face)
 {
-    return static_cast<int>(
-        std::lround(double { static_cast<double>(units) } * em / face.units_per_EM));
+    return static_cast<int>(std::lround(static_cast<double>(units) * em / face.units_per_EM));
 }
 
 } // namespace
