@@ -62,8 +62,7 @@ typedef struct MVIGRABINFO {
     uint32_t height;
 } MVIGRABINFO;
 
-/* Opens the camera on a port, "COM1" to "COM4" in any case; MVI_CAMERA_NOT_PRESENT where it is not.
- */
+/* Opens the camera on a port, "COM1" to "COM4"; MVI_CAMERA_NOT_PRESENT where it is not. */
 QXDC_API uint32_t MviOpenCamera(const char* port);
 /* Succeeds also when nothing is open. Pictures that were not fetched stay in the camera. */
 QXDC_API uint32_t MviCloseCamera(void);
@@ -96,21 +95,21 @@ QXDC_API uint32_t MviGrabImage(int exposure, int gain);
 QXDC_API uint32_t MviGrabResult(void);
 QXDC_API uint32_t MviSoundBuzzer(int duration, int pitch);
 
-/* --- For the host program. Each returns 1, or 0 and leaves a text in qxdcLastProblem. ----------
- */
+/* The rest is for the host program. Each returns 1, or 0 and leaves a text in qxdcLastProblem. */
 
-/* Where the pictures come from; the camera starts afresh with it:
- *   "demo"        demo1 to demo6 (.jpg, .jpeg, .png) of the demo directory: three at the start,
- * then one every ten seconds until six have been taken; "folder:DIR"  every JPEG and PNG file of a
- * folder, by name, and those that come into it later; "none"        there is no camera on any port.
- * When it cannot be used, the one before stays. */
+/* Where the pictures come from. The camera starts afresh with it; when it cannot be used, the one
+ * before stays.
+ *
+ * - "demo": demo1 to demo6 (.jpg, .jpeg, .png) of the demo directory: three at the start, then one
+ *   every ten seconds until six have been taken.
+ * - "folder:DIR": every JPEG and PNG file of a folder, by name, and those that come into it later.
+ * - "none": there is no camera on any port. */
 QXDC_API int qxdcSetSource(const char* source);
 
 /* For the next qxdcSetSource("demo"). Without it: data/demo in the current directory. */
 QXDC_API int qxdcSetDemoDirectory(const char* directory);
 
-/* Somebody presses the camera's button: one picture more, at the next occasion. 0 when it is full.
- */
+/* Somebody presses the camera's button: one picture more, at the next occasion. 0: it is full. */
 QXDC_API int qxdcTakePicture(void);
 
 /* Pulls the cable and puts it back. The pictures in the camera stay. */
@@ -121,10 +120,11 @@ QXDC_API int qxdcPlug(void);
 QXDC_API int qxdcSetPace(int perMille);
 
 /* Misbehaviour for tests, for the next `count` occasions (negative: for ever; 0: never):
- *   "busy", "refusing", "silent"       what any call to the camera answers;
- *   "too-many-lines", "negative-lines", "long-lines"   what MviBeginUploadImage claims;
- *   "bad-exposure"                     what comes of MviGrabImage;
- *   "unplugged"                        `count` more calls work, then the cable is pulled. */
+ *
+ * - "busy", "refusing", "silent": what any call to the camera answers;
+ * - "too-many-lines", "negative-lines", "long-lines": what MviBeginUploadImage claims;
+ * - "bad-exposure": what comes of MviGrabImage;
+ * - "unplugged": `count` more calls work, then the cable is pulled. */
 QXDC_API int qxdcSetFault(const char* fault, int count);
 
 /* Why the last qxdc function of this thread answered 0, in a sentence; valid until its next one. */
