@@ -2,7 +2,7 @@
 /// kez list: what an archive holds, a record a line.
 #include "archive_listing.h"
 #include "commands.h"
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 #include "sprites/sprite_record.h"
 
 #include <CLI/CLI.hpp>

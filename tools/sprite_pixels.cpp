@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sprite_pixels.h"
 
+#include "core/little_endian.h"
 #include "sprites/checked_rows.h"
-#include "sprites/record_bytes.h"
 
 namespace kez::tools {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/archive_block.h"
 
+#include "core/little_endian.h"
 #include "media/dif1.h"
 #include "platform/files.h"
 
@@ -17,16 +18,6 @@ namespace {
 constexpr std::size_t mostRecords = 1u << 20;
 
 constexpr const char* noMemory = "there is not enough memory for it";
-
-std::size_t littleEndian16(const std::uint8_t* bytes)
-{
-    return bytes[0] | static_cast<std::size_t>(bytes[1]) << 8;
-}
-
-std::size_t littleEndian32(const std::uint8_t* bytes)
-{
-    return littleEndian16(bytes) | littleEndian16(bytes + 2) << 16;
-}
 
 std::string placed(std::size_t offset)
 {
@@ -62,8 +53,7 @@ ArchiveBlock expandArchiveBlock(std::span<const std::uint8_t> file)
 {
     if (file.size() < dif1HeaderBytes)
         return refuse("the compressed data end early");
-    const std::uint64_t size
-        = std::uint64_t { littleEndian16(&file[4]) } * littleEndian16(&file[6]);
+    const std::uint64_t size = std::uint64_t { loadWord16(&file[4]) } * loadWord16(&file[6]);
     if (size > files::largestRead)
         return refuse("it announces more than 1 GiB of data");
     ArchiveBlock result { ByteBlock::zeroed(static_cast<std::size_t>(size)), {} };
@@ -93,7 +83,7 @@ ArchiveRecords listRecords(std::span<std::uint8_t> block)
     ArchiveRecords result;
     std::size_t offset = 0;
     while (offset + recordNameOffset < block.size()) {
-        const std::size_t length = littleEndian32(&block[offset]);
+        const std::size_t length = loadWord(&block[offset]);
         if (length == 0)
             break;
         if (length <= recordNameOffset || length > block.size() - offset) {

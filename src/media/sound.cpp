@@ -3,6 +3,7 @@
 
 #include "core/diagnostics.h"
 #include "core/flags.h"
+#include "core/little_endian.h"
 
 #include <memory>
 #include <new>
@@ -78,9 +79,7 @@ void Sound::loadFromRecord(const std::uint8_t* record)
     if (isRegistered())
         return;
     std::unique_ptr<SoundBuffer> loaded(new (std::nothrow) SoundBuffer(name()));
-    const std::size_t length = record[0] | static_cast<std::size_t>(record[1]) << 8
-        | static_cast<std::size_t>(record[2]) << 16 | static_cast<std::size_t>(record[3]) << 24;
-    if (loaded && loaded->loadRecord({ record, length }))
+    if (loaded && loaded->loadRecord({ record, loadWord(record) }))
         registerBuffer(loaded.release());
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/bitmap_file.h"
 
+#include "core/little_endian.h"
 #include "platform/files.h"
-#include "sprites/record_bytes.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/dyna_image.h"
 
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 
 namespace kez {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Editing the pixels of a sprite that was made while the program runs.
+#include "core/little_endian.h"
 #include "sprites/image.h"
 
 #include "media/byte_block.h"
 #include "sprites/picture_pixels.h"
-#include "sprites/record_bytes.h"
 
 #include <algorithm>
 #include <cstring>

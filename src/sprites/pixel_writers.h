@@ -6,7 +6,7 @@
 /// joins a format with a way of drawing.
 #pragma once
 
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 #include "sprites/run_rows.h"
 #include "sprites/span_kernels.h"
 

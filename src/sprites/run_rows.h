@@ -7,7 +7,7 @@
 /// pixels do, counts included, with one byte for each stored pixel.
 #pragma once
 
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/span_kernels.h"
 
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 
 #include <algorithm>
 

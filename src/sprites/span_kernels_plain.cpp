@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The rules of the span kernels as they read: what every vector level must give to the bit.
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 #include "sprites/span_kernel_table.h"
 
 namespace kez {

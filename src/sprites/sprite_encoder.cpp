@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/sprite_encoder.h"
 
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 #include "sprites/sprite_builder.h"
 
 #include <algorithm>

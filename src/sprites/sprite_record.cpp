@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "sprites/sprite_record.h"
 
+#include "core/little_endian.h"
 #include "media/byte_block.h"
 #include "sprites/checked_rows.h"
-#include "sprites/record_bytes.h"
 
 #include <algorithm>
 #include <cstring>

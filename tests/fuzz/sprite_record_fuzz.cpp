@@ -3,7 +3,7 @@
 // the checks let through is merged and drawn in every way there is.
 #include "fuzz/entries.h"
 
-#include "sprites/record_bytes.h"
+#include "core/little_endian.h"
 #include "sprites/renderer.h"
 
 #include <algorithm>

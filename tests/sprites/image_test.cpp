@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "core/little_endian.h"
 #include "media/resource_archive.h"
 #include "platform/temporary_folder.h"
 #include "sprites/dyna_image.h"
 #include "sprites/random_sprite.h"
-#include "sprites/record_bytes.h"
 #include "sprites/sprite_builder.h"
 #include "support/debug_output.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "core/little_endian.h"
 #include "fuzz/entries.h"
 #include "fuzz/mutations.h"
 #include "sprites/random_sprite.h"
-#include "sprites/record_bytes.h"
 #include "sprites/sprite_builder.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/// Little-endian words at any address of a record's bytes.
+/// Little-endian words at any address of a file's or a record's bytes.
 #pragma once
 
 #include <cstdint>
