@@ -135,17 +135,10 @@ String& String::assign(std::string_view text, int start, int count)
         return *this;
     }
     const int wanted = count == 0 ? available - start : std::clamp(count, 0, available - start);
-    String fresh;
-    fresh.reserve(wanted, false);
-    std::memcpy(fresh.buffer_, text.data() + start, static_cast<std::size_t>(wanted));
-    fresh.length_ = wanted;
-    fresh.buffer_[wanted] = '\0';
-    if (wanted < maximum_) { // the buffer is large enough: keep it, as every other operation does
-        std::memcpy(buffer_, fresh.buffer_, static_cast<std::size_t>(wanted) + 1);
-        length_ = wanted;
-    } else {
-        *this = std::move(fresh);
-    }
+    reserve(wanted, false); // a part of itself is never longer, so that its buffer stays
+    std::memmove(buffer_, text.data() + start, static_cast<std::size_t>(wanted));
+    length_ = wanted;
+    buffer_[wanted] = '\0';
     return *this;
 }
 
