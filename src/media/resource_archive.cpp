@@ -66,11 +66,9 @@ void ResourceArchive::release()
     archiveDirectory_.clear();
 }
 
+// Into an archive that holds nothing.
 void ResourceArchive::load(std::string_view path)
 {
-    entries_.clear();
-    byName_.clear();
-    mainBlock_ = {};
     if (path.empty())
         return;
     ArchiveBlock file = readArchiveBlock(path);
