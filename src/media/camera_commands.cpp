@@ -89,8 +89,6 @@ void Camera::pause()
     sync();
 }
 
-// Connecting ---------------------------------------------------------------------------------
-
 void Camera::connect()
 {
     static constexpr const char* names[] = { "COM1", "COM2", "COM3", "COM4" };
@@ -148,8 +146,6 @@ bool Camera::readIdentity(unsigned char& index)
         && driver_.getFirmwareVersion(firmwareVersion_.data()) == CameraOk && !stopping_
         && driver_.getImageIndex(&index) == CameraOk && !stopping_;
 }
-
-// Watching -----------------------------------------------------------------------------------
 
 void Camera::poll()
 {

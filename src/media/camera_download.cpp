@@ -13,10 +13,7 @@ constexpr std::size_t grabInfoBytes = 24;
 
 } // namespace
 
-// Downloading --------------------------------------------------------------------------------
-//
-// One picture per poll. A step whose counter could not be moved is taken again by the next poll.
-
+// A step whose counter could not be moved is taken again by the next poll.
 void Camera::downloadStep()
 {
     const int mode = downloadMode_;
@@ -58,8 +55,6 @@ void Camera::finishDownload()
     resetTransfer();
     notify(CountChanged);
 }
-
-// Uploading ----------------------------------------------------------------------------------
 
 bool Camera::upload()
 {
