@@ -109,10 +109,9 @@ bool SoundBuffer::decode(std::span<const std::uint8_t> record, std::vector<std::
     return true;
 }
 
-void SoundBuffer::createPlatformBuffer(std::span<const std::uint8_t> samples)
+// Null, with a report, when the device gives none.
+IDirectSoundBuffer* SoundBuffer::makePlatformBuffer() const
 {
-    if (directSound == nullptr)
-        return;
     const std::uint32_t frameBytes = bytesPerSample_ * channels_;
     WAVEFORMATEX format = {};
     format.wFormatTag = WAVE_FORMAT_PCM;
@@ -131,17 +130,25 @@ void SoundBuffer::createPlatformBuffer(std::span<const std::uint8_t> samples)
     description.lpwfxFormat = &format;
 
     IDirectSoundBuffer* buffer = nullptr;
-    HRESULT result = directSound->CreateSoundBuffer(
+    const HRESULT result = directSound->CreateSoundBuffer(
         reinterpret_cast<DSBUFFERDESC*>(&description), &buffer, nullptr);
-    if (FAILED(result) || buffer == nullptr) {
-        reportLastError("%s", directSoundErrorText(result).c_str());
+    if (SUCCEEDED(result) && buffer != nullptr)
+        return buffer;
+    reportLastError("%s", directSoundErrorText(result).c_str());
+    return nullptr;
+}
+
+void SoundBuffer::createPlatformBuffer(std::span<const std::uint8_t> samples)
+{
+    IDirectSoundBuffer* const buffer = directSound != nullptr ? makePlatformBuffer() : nullptr;
+    if (buffer == nullptr)
         return;
-    }
     void* region = nullptr;
     void* rest = nullptr;
     DWORD regionBytes = 0;
     DWORD restBytes = 0;
-    result = buffer->Lock(0, sampleLength_, &region, &regionBytes, &rest, &restBytes, 0);
+    const HRESULT result
+        = buffer->Lock(0, sampleLength_, &region, &regionBytes, &rest, &restBytes, 0);
     if (FAILED(result)) {
         reportLastError("%s", directSoundErrorText(result).c_str());
         buffer->Release();

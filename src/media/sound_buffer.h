@@ -52,6 +52,7 @@ public:
 private:
     bool takeFormat(std::span<const std::uint8_t> record);
     bool decode(std::span<const std::uint8_t> record, std::vector<std::uint8_t>& samples);
+    [[nodiscard]] IDirectSoundBuffer* makePlatformBuffer() const;
     void createPlatformBuffer(std::span<const std::uint8_t> samples);
     void setSyncTrack(std::span<const std::uint8_t> record);
 
