@@ -12,6 +12,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
@@ -64,6 +65,26 @@ void copyOver(const fs::path& from, const fs::path& to)
     }
 }
 
+// A folder's part, in whatever case the artist has written it.
+fs::path partOf(const fs::path& folder, const char* name)
+{
+    return files::nativePath((folder / name).string());
+}
+
+std::string lowerCase(std::string text)
+{
+    for (char& c : text)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return text;
+}
+
+// Such files are turned into records; all others are taken as they are.
+bool isRecording(const fs::path& file)
+{
+    constexpr std::array endings { ".wav", ".flac", ".aiff", ".aif", ".ogg" };
+    return std::ranges::find(endings, lowerCase(file.extension().string())) != endings.end();
+}
+
 class ContentMaker {
 public:
     explicit ContentMaker(const ContentOptions& options)
@@ -80,43 +101,65 @@ public:
         // All that can be refused is, before anything is written.
         const PackedFolder packed = packFolder(folder_.string());
         const Records records = completed(packed.records);
+        encodeSounds();
         for (const std::string& remark : packed.remarks)
             std::printf("%s\n", remark.c_str());
         if (!over_.empty())
             for (const char* part : { "data", "audio", "languages" })
                 copyOver(over_ / part, out_ / part);
-        copyOver(folder_ / "data", out_ / "data");
-        makeSounds();
+        copyOver(partOf(folder_, "data"), out_ / "data");
+        copySounds();
         makeFolder(out_ / "data");
         const std::string archive = (out_ / archivePath).string();
         const ArchiveSize size = writeArchive(archive, records, ArchiveForm::Compressed);
-        std::printf("%s: %zu pictures of %s, %zu records, %zu bytes\n", archive.c_str(),
-            packed.items, folder_.string().c_str(), records.size(), size.file);
+        std::printf("%s: %zu %s of %s, %zu records, %zu bytes\n", archive.c_str(), packed.items,
+            packed.items == 1 ? "picture" : "pictures", folder_.string().c_str(), records.size(),
+            size.file);
     }
 
 private:
     // Sounds that have not changed are not encoded again: the song takes its time.
-    void makeSounds() const
+    void encodeSounds() const
     {
-        const fs::path encoded = out_ / "encoded";
-        if (!fs::is_directory(folder_ / "audio"))
-            return;
-        makeFolder(encoded);
-        makeFolder(out_ / "audio");
-        for (const auto& file : fs::directory_iterator(folder_ / "audio")) {
-            const fs::path& path = file.path();
-            if (!file.is_regular_file())
+        for (const fs::path& path : soundFiles()) {
+            if (!isRecording(path))
                 continue;
-            if (path.extension() != ".wav") {
-                copyFile(path, out_ / "audio" / path.filename());
-                continue;
-            }
-            const std::string name = path.stem().string() + ".wv5";
-            if (!fs::exists(encoded / name)
-                || fs::last_write_time(encoded / name) <= fs::last_write_time(path))
-                encode(path, encoded / name);
-            copyFile(encoded / name, out_ / "audio" / name);
+            makeFolder(out_ / "encoded");
+            const fs::path record = encodedFrom(path);
+            if (!fs::exists(record) || fs::last_write_time(record) <= fs::last_write_time(path))
+                encode(path, record);
         }
+    }
+
+    void copySounds() const
+    {
+        for (const fs::path& path : soundFiles()) {
+            const fs::path ready = isRecording(path) ? encodedFrom(path) : path;
+            makeFolder(out_ / "audio");
+            copyFile(ready, out_ / "audio" / ready.filename());
+            const std::string ending = lowerCase(ready.extension().string());
+            if (ending != ".wv5" && ending != ".txt")
+                std::printf("%s: it is taken along as it is, and not played; export it as WAV\n",
+                    path.string().c_str());
+        }
+    }
+
+    [[nodiscard]] std::vector<fs::path> soundFiles() const
+    {
+        std::vector<fs::path> found;
+        const fs::path audio = partOf(folder_, "audio");
+        if (!fs::is_directory(audio))
+            return found;
+        for (const auto& file : fs::directory_iterator(audio))
+            if (file.is_regular_file())
+                found.push_back(file.path());
+        std::ranges::sort(found);
+        return found;
+    }
+
+    [[nodiscard]] fs::path encodedFrom(const fs::path& recording) const
+    {
+        return out_ / "encoded" / (recording.stem().string() + ".wv5");
     }
 
     // The guide's clips get a track that a mouth can follow.

@@ -99,7 +99,9 @@ void takeKey(const LineParser& line, ManifestItem& item, const std::string& word
     const std::size_t equals = word.find('=');
     const std::string key = word.substr(0, equals);
     const std::string value = equals == std::string::npos ? std::string() : word.substr(equals + 1);
-    if (key == "file" && !value.empty())
+    if (key == "file" && value.empty())
+        line.fail("file= names no file; write for example file=picture.png, or leave it out");
+    else if (key == "file")
         item.file = value;
     else if (item.kind == ManifestItem::Kind::Sprite)
         takeSpriteKey(line, item, key, value);

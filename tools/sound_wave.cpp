@@ -119,7 +119,7 @@ std::vector<float> readWave(const std::string& path, int rate)
         throw UserError(path + ": the file names no channel or no rate");
     std::vector<float> samples = readOneChannel(path, file.get(), format);
     if (samples.empty())
-        throw UserError(path + ": there are no samples in it");
+        throw UserError(path + ": there are no samples in it; record it anew, or leave it out");
     if (!std::ranges::all_of(samples, [](float value) { return std::isfinite(value); }))
         throw UserError(path + ": some of its samples are not numbers");
     if (format.samplerate != rate)

@@ -207,6 +207,7 @@ TEST_F(Packs, refusesNamingFileLineAndRemedyAndWritesNothing)
         { "record short", "in/short is not one whole record" },
         { "record good file=other", "holds a record called \"odd\"" },
         { "sprite good depth=x", "in/manifest.txt:2: depth=x" },
+        { "sprite good file=", "in/manifest.txt:2: file= names no file" },
     };
 
     folder.put("out.wad", "before");

@@ -5,6 +5,7 @@
 #include "media/sound_record.h"
 #include "platform/files.h"
 #include "platform/temporary_folder.h"
+#include "tools/png_file.h"
 #include "tools/sound_delta_encoder.h"
 #include "tools/sound_levels.h"
 #include "tools/sound_wave.h"
@@ -13,6 +14,7 @@
 #include <sndfile.h>
 
 #include <cmath>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <random>
@@ -230,6 +232,29 @@ TEST_F(Sounds, areRefusedWhenDamaged)
         EXPECT_EQ(run.status, 1) << fault.offset;
         EXPECT_THAT(run.errors, HasSubstr("b.wv5: "));
     }
+}
+
+// However the artist's recorder spells a file's name; and nothing is written when one is damaged.
+TEST_F(Sounds, becomePartOfContentWhereverTheyCome)
+{
+    std::filesystem::create_directories(folder / "own/Audio");
+    folder.put("own/manifest.txt", "sprite dot\n");
+    writePng(folder / "own/dot.png", { 1, 1, { ~0u } });
+    std::filesystem::rename(writeStereo("in.wav"), folder / "own/Audio/TAP.Wav");
+    folder.put("own/Audio/bad.mp3", "no recording of a kind that is read");
+    folder.put("own/Audio/trash.wav", "no sound at all");
+    const KezRun refused = runKez({ "content", folder / "own", folder / "made" });
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("Audio/trash.wav: "));
+    EXPECT_FALSE(std::filesystem::exists(folder / "made/audio"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "made/data"));
+
+    std::filesystem::remove(folder / "own/Audio/trash.wav");
+    const KezRun run = runKez({ "content", folder / "own", folder / "made" });
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_TRUE(std::filesystem::exists(folder / "made/audio/TAP.wv5"));
+    EXPECT_THAT(run.out, HasSubstr("Audio/bad.mp3: it is taken along as it is, and not played"));
+    EXPECT_THAT(run.out, HasSubstr(": 1 picture of "));
 }
 
 } // namespace
