@@ -26,6 +26,8 @@ hold spaces stand in quotes; `#` starts a comment. Paths are below the data dire
     pixel SHOT X Y R G B      a pixel of a shot, within 8 a channel
     same SHOT SHOT [X Y W H]  the shots show the same there
     differ SHOT SHOT [X Y W H]
+    distinct SHOT SHOT X Y W H  they differ there at a glance, for colour-blind eyes too: on the mean
+                              by DISTINCT
 
 Shots taken at several depths must agree with each other as far as the depths can.
 """
@@ -40,9 +42,11 @@ import subprocess
 import sys
 from pathlib import Path
 
+import colour_sight
 import png_picture
 
 TIME_LIMIT_SECONDS = 300
+DISTINCT = 20 # in CIELAB, ten times what can just be seen
 NOBODY = 65534
 
 
@@ -168,6 +172,12 @@ class Play:
     def check_differ(self, one, other, *area):
         if self.agree(one, other, area):
             raise Failure(f"{one} and {other} are the same")
+
+    def check_distinct(self, one, other, *area):
+        found = colour_sight.distances(self.shot(one), self.shot(other), tuple(map(int, area)))
+        eyes = min(found, key=found.get)
+        if found[eyes] < DISTINCT:
+            raise Failure(f"{one} and {other} differ by {found[eyes]:.1f} for {eyes} eyes")
 
     def agree(self, one, other, area):
         place = tuple(map(int, area)) or None
