@@ -17,8 +17,10 @@ namespace {
 
 struct Avx2Vectors {
     static constexpr std::size_t lanes = 8;
+    static constexpr std::size_t reach = lanes;
     typedef std::uint32_t Words __attribute__((vector_size(32)));
     typedef std::uint16_t Halves __attribute__((vector_size(32)));
+    using Mask = Words;
 
     static Words load(const void* from)
     {
@@ -40,13 +42,24 @@ struct Avx2Vectors {
         _mm256_maskstore_epi32(static_cast<int*>(to), firstLanes(count), __m256i(words));
     }
 
-    static bool all(Words mask) { return _mm256_movemask_epi8(__m256i(mask)) == -1; }
+    static Mask equal(Words words, std::uint32_t value) { return Mask(words == value); }
 
-    static bool none(Words mask) { return _mm256_testz_si256(__m256i(mask), __m256i(mask)) != 0; }
+    static bool all(Mask mask) { return _mm256_movemask_epi8(__m256i(mask)) == -1; }
 
-    static Words select(Words mask, Words chosen, Words other)
+    static Words select(Mask mask, Words chosen, Words other)
     {
         return Words(_mm256_blendv_epi8(__m256i(other), __m256i(chosen), __m256i(mask)));
+    }
+
+    static void storeExcept(void* to, Words words, Mask kept, Words stored)
+    {
+        store(to, select(kept, stored, words));
+    }
+
+    static Words twice(Words words)
+    {
+        const __m128i places = _mm_setr_epi8(0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13);
+        return Words(_mm256_shuffle_epi8(__m256i(words), _mm256_broadcastsi128_si256(places)));
     }
 
     static Words widen(const std::uint8_t* bytes)
@@ -112,11 +125,32 @@ struct Avx2Vectors {
         return Words(_mm256_permutevar8x32_epi32(__m256i(words), __m256i(positions)));
     }
 
+    /// The words at these positions of a stretch as long as `reach`.
+    static Words picked(const void* from, Words positions)
+    {
+        return permuted(load(from), positions);
+    }
+
 private:
     static __m256i firstLanes(std::size_t count)
     {
         const __m256i positions = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
         return _mm256_cmpgt_epi32(_mm256_set1_epi32(static_cast<int>(count)), positions);
+    }
+};
+
+/// Picks out of twice as many words.
+struct Avx2Pairs : Avx2Vectors {
+    static constexpr std::size_t reach = 2 * lanes;
+
+    static Words picked(const void* from, Words positions)
+    {
+        const auto* const words = static_cast<const __m256i*>(from);
+        const Words isUpper = Words(_mm256_slli_epi32(__m256i(positions), 28)); // its top bit tells
+        return Words(_mm256_castps_si256(
+            _mm256_blendv_ps(_mm256_castsi256_ps(__m256i(permuted(load(words), positions))),
+                _mm256_castsi256_ps(__m256i(permuted(load(words + 1), positions))),
+                _mm256_castsi256_ps(__m256i(isUpper)))));
     }
 };
 

@@ -17,8 +17,10 @@ namespace {
 
 struct Avx512Vectors {
     static constexpr std::size_t lanes = 16;
+    static constexpr std::size_t reach = lanes;
     typedef std::uint32_t Words __attribute__((vector_size(64)));
     typedef std::uint16_t Halves __attribute__((vector_size(64)));
+    using Mask = __mmask16; ///< A bit for each lane.
 
     static Words load(const void* from) { return Words(_mm512_loadu_si512(from)); }
 
@@ -34,14 +36,27 @@ struct Avx512Vectors {
         _mm512_mask_storeu_epi32(to, firstLanes(count), __m512i(words));
     }
 
-    static bool all(Words mask) { return _mm512_movepi32_mask(__m512i(mask)) == 0xFFFF; }
-
-    static bool none(Words mask) { return _mm512_movepi32_mask(__m512i(mask)) == 0; }
-
-    static Words select(Words mask, Words chosen, Words other)
+    static Mask equal(Words words, std::uint32_t value)
     {
-        return Words(_mm512_mask_blend_epi32(
-            _mm512_movepi32_mask(__m512i(mask)), __m512i(other), __m512i(chosen)));
+        return _mm512_cmpeq_epi32_mask(__m512i(words), _mm512_set1_epi32(static_cast<int>(value)));
+    }
+
+    static bool all(Mask mask) { return mask == 0xFFFF; }
+
+    static Words select(Mask mask, Words chosen, Words other)
+    {
+        return Words(_mm512_mask_blend_epi32(mask, __m512i(other), __m512i(chosen)));
+    }
+
+    static void storeExcept(void* to, Words words, Mask kept, Words)
+    {
+        _mm512_mask_storeu_epi32(to, static_cast<Mask>(~kept), __m512i(words));
+    }
+
+    static Words twice(Words words)
+    {
+        const __m128i places = _mm_setr_epi8(0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13);
+        return Words(_mm512_shuffle_epi8(__m512i(words), _mm512_broadcast_i32x4(places)));
     }
 
     static Words widen(const std::uint8_t* bytes)
@@ -89,10 +104,31 @@ struct Avx512Vectors {
         return Words(_mm512_permutexvar_epi32(__m512i(positions), __m512i(words)));
     }
 
+    static Words picked(const void* from, Words positions)
+    {
+        return permuted(load(from), positions);
+    }
+
 private:
     static __mmask16 firstLanes(std::size_t count)
     {
         return static_cast<__mmask16>((1u << count) - 1);
+    }
+};
+
+/// Picks out of three times as many words.
+struct Avx512Triples : Avx512Vectors {
+    static constexpr std::size_t reach = 3 * lanes;
+
+    static Words picked(const void* from, Words positions)
+    {
+        const auto* const words = static_cast<const __m512i*>(from);
+        const __m512i places = __m512i(positions);
+        const __m512i lower
+            = _mm512_permutex2var_epi32(__m512i(load(words)), places, __m512i(load(words + 1)));
+        const auto isLast = _mm512_cmpgt_epi32_mask(places, _mm512_set1_epi32(2 * lanes - 1));
+        return Words(
+            _mm512_mask_permutexvar_epi32(lower, isLast, places, __m512i(load(words + 2))));
     }
 };
 

@@ -32,6 +32,9 @@ private:
 
     static void drawWholeRows(const BlitSource& source, const BlitTarget& target, RowCursor at)
     {
+        // Rows as wide as the canvas are one long row.
+        if (!Rows::skips && target.columns == target.rowPixels)
+            return Writer::write(target.pixels, at, source.palette, target.columns * target.rows);
         for (int y = 0; y < target.rows; ++y) {
             std::uint32_t* const to = target.row(y);
             row(at, source.width, [&](int column, int count, const RowCursor& run) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/vectors_avx2.h"
+#include "sprites/pick_vectors.h"
 #include "sprites/span_vectors.h"
 
 namespace kez {
@@ -15,7 +16,7 @@ const SpanKernels avx2SpanKernels = {
         blendPaletteVectors<Avx2Vectors, ZeroOpacity::Keeps> },
     .fill = fillVectors<Avx2Vectors>,
     .blendFill = blendFillVectors<Avx2Vectors>,
-    .pick = pickVectors<Avx2Vectors>,
+    .pick = pickVectors<Avx2Vectors, Avx2Pairs>,
     .reverse = reverseVectors<Avx2Vectors>,
     .quarterTurn = quarterTurnSquares<Avx2Vectors>,
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/vectors_avx512.h"
+#include "sprites/pick_vectors.h"
 #include "sprites/span_vectors.h"
 
 namespace kez {
@@ -15,7 +16,7 @@ const SpanKernels avx512SpanKernels = {
         blendPaletteVectors<Avx512Vectors, ZeroOpacity::Keeps> },
     .fill = fillVectors<Avx512Vectors>,
     .blendFill = blendFillVectors<Avx512Vectors>,
-    .pick = pickVectors<Avx512Vectors>,
+    .pick = pickVectors<Avx512Vectors, Avx512Triples>,
     .reverse = reverseVectors<Avx512Vectors>,
     .quarterTurn = quarterTurnSquares<Avx2Vectors>,
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/vectors_sse2.h"
+#include "sprites/pick_vectors.h"
 #include "sprites/span_vectors.h"
 
 namespace kez {

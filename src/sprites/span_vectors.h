@@ -15,41 +15,42 @@ namespace {
 
 /// Colours weighed by their opacities, one a lane. Red and blue share a word, and green goes with
 /// the canvas's alpha byte, which has the weight 256 and so stays: no sum exceeds 16 bits.
-template <class V, ZeroOpacity zeroOpacity>
+template <class V>
 typename V::Words weighed(
     typename V::Words canvas, typename V::Words colours, typename V::Words opacities)
 {
     using Words = typename V::Words;
     using Halves = typename V::Halves;
-    Words rest = 255 - opacities;
-    if constexpr (zeroOpacity == ZeroOpacity::Keeps)
-        rest -= Words(opacities == 0); // 256 for those: they keep the canvas whole
-    const Halves own = Halves(opacities | opacities << 16);
-    const Halves redBlue = Halves(canvas & 0x00FF00FF) * Halves(rest | rest << 16)
-        + Halves(colours & 0x00FF00FF) * own;
-    const Halves alphaGreen = (Halves(canvas) >> 8) * Halves(rest | 0x01000000)
+    const Halves own = Halves(V::twice(opacities));
+    const Halves redBlue
+        = Halves(canvas & 0x00FF00FF) * (255 - own) + Halves(colours & 0x00FF00FF) * own;
+    const Halves alphaGreen = (Halves(canvas) >> 8) * Halves(0x010000FF - opacities)
         + (Halves(colours) >> 8) * Halves(opacities);
     return Words(redBlue >> 8) | (Words(alphaGreen) & 0xFF00FF00);
 }
 
-template <class V, ZeroOpacity zeroOpacity>
+template <class V>
 typename V::Words blended(
     typename V::Words canvas, typename V::Words colours, typename V::Words opacities)
 {
-    using Words = typename V::Words;
-    return V::select(
-        Words(opacities == 255), colours, weighed<V, zeroOpacity>(canvas, colours, opacities));
+    return V::select(V::equal(opacities, 255), colours, weighed<V>(canvas, colours, opacities));
 }
 
 /// Most vectors of a drawn picture are wholly opaque or wholly transparent.
 template <class V, ZeroOpacity zeroOpacity>
 void blendWhole(std::uint32_t* to, typename V::Words colours, typename V::Words opacities)
 {
-    using Words = typename V::Words;
-    if (V::all(Words(opacities == 255)))
-        V::store(to, colours);
-    else if (zeroOpacity == ZeroOpacity::Blends || !V::all(Words(opacities == 0)))
-        V::store(to, blended<V, zeroOpacity>(V::load(to), colours, opacities));
+    const typename V::Mask transparent = V::equal(opacities, 0);
+    if (zeroOpacity == ZeroOpacity::Keeps && V::all(transparent))
+        return;
+    if (V::all(V::equal(opacities, 255)))
+        return V::store(to, colours);
+    const typename V::Words canvas = V::load(to);
+    const typename V::Words mixed = blended<V>(canvas, colours, opacities);
+    if constexpr (zeroOpacity == ZeroOpacity::Keeps)
+        V::storeExcept(to, mixed, transparent, canvas);
+    else
+        V::store(to, mixed);
 }
 
 template <class V, ZeroOpacity zeroOpacity>
@@ -57,7 +58,10 @@ void blendPart(
     std::uint32_t* to, typename V::Words colours, typename V::Words opacities, std::size_t count)
 {
     const typename V::Words canvas = V::loadPart(to, count);
-    V::storePart(to, blended<V, zeroOpacity>(canvas, colours, opacities), count);
+    typename V::Words mixed = blended<V>(canvas, colours, opacities);
+    if constexpr (zeroOpacity == ZeroOpacity::Keeps)
+        mixed = V::select(V::equal(opacities, 0), canvas, mixed);
+    V::storePart(to, mixed, count);
 }
 
 template <class V, ZeroOpacity zeroOpacity>
@@ -74,12 +78,23 @@ void blendVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count
     }
 }
 
+/// Rows are shorter than this; several that lie one behind the other may be longer.
+constexpr std::size_t leastFetchedAhead = 1024;
+
 /// The last step overlaps the one before it.
 template <class V>
 void copyVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
     static_assert(leastCopied >= V::lanes);
-    for (std::size_t i = 0; i + V::lanes < count; i += V::lanes)
+    constexpr std::size_t linePixels = 16;
+    std::size_t i = 0;
+    for (; i + leastFetchedAhead < count; i += linePixels) {
+        fetchAhead(from + 4 * i);
+        fetchAhead(to + i);
+        for (std::size_t j = i; j < i + linePixels; j += V::lanes)
+            V::store(to + j, V::load(from + 4 * j));
+    }
+    for (; i + V::lanes < count; i += V::lanes)
         V::store(to + i, V::load(from + 4 * i));
     V::store(to + count - V::lanes, V::load(from + 4 * (count - V::lanes)));
 }
@@ -129,7 +144,7 @@ void blendPaletteVectors(std::uint32_t* to, const std::uint8_t* indices, const s
     std::size_t i = 0;
     for (; i + V::lanes <= count; i += V::lanes) {
         const Words opacities = V::widen(plane + i);
-        if (zeroOpacity == ZeroOpacity::Blends || !V::all(Words(opacities == 0)))
+        if (zeroOpacity == ZeroOpacity::Blends || !V::all(V::equal(opacities, 0)))
             blendWhole<V, zeroOpacity>(to + i, V::entries(palette, indices + i), opacities);
     }
     if (i != count) {
@@ -140,9 +155,20 @@ void blendPaletteVectors(std::uint32_t* to, const std::uint8_t* indices, const s
     }
 }
 
+/// The processor's own string store: it does not read what it overwrites, which pays once the span
+/// outgrows the second-level cache.
+inline void fillString(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
+{
+    asm volatile("rep stosl" : "+D"(to), "+c"(count) : "a"(pixel) : "memory");
+}
+
+constexpr std::size_t leastFilledAsString = std::size_t { 1 } << 18;
+
 template <class V>
 void fillVectors(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
 {
+    if (count >= leastFilledAsString)
+        return fillString(to, pixel, count);
     const typename V::Words words = pixel - typename V::Words {};
     if (count < V::lanes) {
         V::storePart(to, words, count);
@@ -166,67 +192,10 @@ void blendFillVectors(std::uint32_t* to, std::uint32_t pixel, std::size_t count)
     const Words opacities = (pixel >> 24) - Words {};
     std::size_t i = 0;
     for (; i + V::lanes <= count; i += V::lanes)
-        V::store(to + i, weighed<V, ZeroOpacity::Blends>(V::load(to + i), colours, opacities));
+        V::store(to + i, weighed<V>(V::load(to + i), colours, opacities));
     if (i != count) {
         const Words canvas = V::loadPart(to + i, count - i);
-        V::storePart(
-            to + i, weighed<V, ZeroOpacity::Blends>(canvas, colours, opacities), count - i);
-    }
-}
-
-/// Addresses pixels by their columns. The row's column 0 may lie before the record, so that its
-/// address is a number only.
-class PixelsByColumn {
-public:
-    explicit PixelsByColumn(const PickedColumns& from)
-        : origin_(reinterpret_cast<std::uintptr_t>(from.run)
-            - 4 * static_cast<std::uintptr_t>(from.runColumn))
-    {
-    }
-
-    const std::uint8_t* operator()(std::int32_t column) const
-    {
-        return reinterpret_cast<const std::uint8_t*>(
-            origin_ + 4 * static_cast<std::uintptr_t>(column));
-    }
-
-private:
-    std::uintptr_t origin_;
-};
-
-/// Pixel by pixel: what reducing takes, and short runs.
-inline void pickFours(std::uint32_t* to, const PickedColumns& from, std::size_t count)
-{
-    const PixelsByColumn at(from);
-    const std::int32_t* const columns = from.columns;
-    std::size_t i = 0;
-    for (; i + 4 <= count; i += 4)
-        Sse2Vectors::store(to + i,
-            Sse2Vectors::joined(
-                at(columns[i]), at(columns[i + 1]), at(columns[i + 2]), at(columns[i + 3])));
-    for (; i < count; ++i)
-        std::memcpy(to + i, at(columns[i]), 4);
-}
-
-/// Where a picture is enlarged, the columns of a vector lie within one vector of the source. The
-/// last step overlaps the one before it.
-template <class V>
-void pickVectors(std::uint32_t* to, const PickedColumns& from, std::size_t count)
-{
-    constexpr auto lanes = static_cast<std::int32_t>(V::lanes);
-    if (count < V::lanes || from.runLength < lanes)
-        return pickFours(to, from, count);
-    const PixelsByColumn at(from);
-    const std::int32_t lastStart = from.runColumn + from.runLength - lanes;
-    for (std::size_t done = 0; done < count; done += V::lanes) {
-        const std::size_t i = done + V::lanes <= count ? done : count - V::lanes;
-        const std::int32_t first = from.columns[i];
-        const std::int32_t start = first < lastStart ? first : lastStart;
-        if (from.columns[i + V::lanes - 1] - start >= lanes)
-            return pickFours(to + done,
-                { from.columns + done, from.run, from.runColumn, from.runLength }, count - done);
-        const auto positions = V::load(from.columns + i) - static_cast<std::uint32_t>(start);
-        V::store(to + i, V::permuted(V::load(at(start)), positions));
+        V::storePart(to + i, weighed<V>(canvas, colours, opacities), count - i);
     }
 }
 

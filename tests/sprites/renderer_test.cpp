@@ -95,7 +95,8 @@ void compareRandomSprites(const Family& family)
     }
 }
 
-// Rows longer than a short count, a long count's single byte and the kernels' steps and buffers.
+// Rows longer than a short count, a long count's single byte and the kernels' steps and buffers;
+// also rows as wide as the canvas, which are drawn at one go.
 void compareLongRows(const Family& family)
 {
     Random random(20262);
@@ -105,6 +106,7 @@ void compareLongRows(const Family& family)
             random);
         const int displayed = family.isScaled ? width + 91 : width;
         compare(sprite, { 3, 1, displayed, 3, family.angle }, 640, 7, random);
+        compare(sprite, { 0, -2, displayed, 3, family.angle }, displayed, 5, random);
         compare(sprite, { 1, 0, displayed, 3, family.angle }, 9, 800, random);
     }
 }

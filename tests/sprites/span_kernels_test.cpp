@@ -171,6 +171,18 @@ TEST(SpanKernels, areThePlainRulesAtEveryLengthAndAlignment)
     }
 }
 
+TEST(SpanKernels, fillWholeCanvasesToTheirLastPixel)
+{
+    constexpr std::size_t count = 640 * 480;
+    Words expected(count + 2, 0x12345678);
+    expected.front() = expected.back() = 0;
+    atEachVectorLevel([&] {
+        Words drawn(count + 2);
+        fillSpan(drawn.data() + 1, 0x12345678, count);
+        ASSERT_EQ(drawn, expected);
+    });
+}
+
 TEST(SpanKernels, turnPicturesOfEverySizeAsThePlainRuleDoes)
 {
     std::mt19937 random(20268);
