@@ -66,7 +66,16 @@ void convert16(const std::uint32_t* from, std::uint16_t* to, std::size_t count, 
         std::memcpy(to, converted, 2 * count);
         return;
     }
-    for (std::size_t i = 0; i + step < count; i += step)
+    std::size_t i = 0;
+    constexpr std::size_t line = 32; // pixels that fill a cache line of the target
+    for (; i + line < count; i += line) {
+        fetchAhead(from + i);
+        fetchAhead(from + i + line / 2);
+        fetchAhead(to + i);
+        for (std::size_t j = i; j < i + line; j += step)
+            V::store(to + j, halvesOf<V>(from + j, rule));
+    }
+    for (; i + step < count; i += step)
         V::store(to + i, halvesOf<V>(from + i, rule));
     V::store(to + count - step, halvesOf<V>(from + count - step, rule));
 }
@@ -96,8 +105,13 @@ void to24Vectors(const std::uint32_t* from, std::uint8_t* to, std::size_t count)
 {
     constexpr std::size_t lanes = V::lanes;
     std::size_t i = 0;
-    for (; 3 * i + 4 * lanes <= 3 * count; i += lanes)
-        V::store(to + 3 * i, V::lowerThreeBytes(V::load(from + i)));
+    constexpr std::size_t line = 16; // pixels that fill a cache line of the source
+    for (; 3 * (i + line) + lanes <= 3 * count; i += line) {
+        fetchAhead(from + i);
+        fetchAhead(to + 3 * i);
+        for (std::size_t j = i; j < i + line; j += lanes)
+            V::store(to + 3 * j, V::lowerThreeBytes(V::load(from + j)));
+    }
     while (i < count) {
         const std::size_t part = count - i < lanes ? count - i : lanes;
         std::uint32_t pixels[lanes] = {};
