@@ -14,10 +14,17 @@ struct SpreadColumn {
     std::uint8_t shares[8]; ///< The left pixel's and the right one's, three times; then nothing.
 };
 
-/// The same in doubles: what lies to the left and to the right, 1 − f, f, f, 1 − f.
+/// The same in single precision.
+struct SingleColumn {
+    std::int32_t offset;
+    float fraction; ///< How far towards the right pixel.
+};
+
+/// The same in doubles.
 struct WideColumn {
-    double shares[4];
-    std::size_t left; ///< The left pixel.
+    std::size_t offset;
+    double leftShare; ///< One less the fraction.
+    double rightShare;
 };
 
 /// A source row that the areas of a row of reduced pixels reach.
@@ -44,12 +51,18 @@ struct ResampleKernels {
     /// Two rows that were spread, by sixteenths: `lowerShare` of the lower one.
     void (*mixRows)(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* lower,
         unsigned lowerShare, std::size_t count);
-    /// Pixels as four doubles each, the last of which means nothing.
-    void (*widen)(double* to, const std::uint8_t* from, std::size_t count);
-    /// Three bytes for each column: the left and right pixel of two rows that were widened, by
-    /// products and sums of doubles in a fixed order, truncated.
-    void (*mixWide)(std::uint8_t* to, const double* upper, const double* lower,
-        const WideColumn* columns, double fraction, std::size_t count);
+    /// Three values for each column, nearly what lies between the two pixels: what `mixSingle`
+    /// takes. Reads eight bytes for six and writes up to four values more than are wanted.
+    void (*spreadSingle)(
+        float* to, const std::uint8_t* from, const SingleColumn* columns, std::size_t count);
+    /// Two rows that were spread, truncated, 32 values for each group. Leaves a word for each: the
+    /// bits of the values whose truth may lie on the other side of a whole number.
+    void (*mixSingle)(std::uint8_t* to, const float* upper, const float* lower, float lowerShare,
+        std::size_t groups, std::uint32_t* doubtful);
+    /// Three bytes for each column: the left and right pixel of two rows, by products and sums of
+    /// doubles in a fixed order, truncated. Reads seven bytes for six.
+    void (*mixWide)(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+        const WideColumn* columns, double lowerShare, std::size_t count);
     /// Three bytes for each area: their sum by weight, times the inverse, truncated.
     void (*average)(std::uint8_t* to, const AveragedRow& row, std::size_t count);
     /// Three bytes for each three by three pixels, every second pixel of the row at `from` and the

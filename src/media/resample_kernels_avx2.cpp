@@ -7,12 +7,16 @@ namespace kez {
 
 namespace {
 
+__m128i eightBytesEach(const void* left, const void* right)
+{
+    return _mm_unpacklo_epi64(_mm_loadl_epi64(static_cast<const __m128i*>(left)),
+        _mm_loadl_epi64(static_cast<const __m128i*>(right)));
+}
+
 // Eight bytes at each place, six of which count: in pairs, as `order` puts them, without a gap.
 __m128i sixPairs(const void* left, const void* right, __m128i order)
 {
-    return _mm_shuffle_epi8(_mm_unpacklo_epi64(_mm_loadl_epi64(static_cast<const __m128i*>(left)),
-                                _mm_loadl_epi64(static_cast<const __m128i*>(right))),
-        order);
+    return _mm_shuffle_epi8(eightBytesEach(left, right), order);
 }
 
 // Two columns at a time; the last one may be both.
@@ -30,6 +34,56 @@ void spread(
         _mm_storeu_si128(reinterpret_cast<__m128i*>(to), values);
     }
 }
+
+// Two columns at a time; the last one may be both.
+void spreadSingle(
+    float* to, const std::uint8_t* from, const SingleColumn* columns, std::size_t count)
+{
+    const __m256i order = _mm256_setr_epi8(0, -1, 3, -1, 1, -1, 4, -1, 2, -1, 5, -1, -1, -1, -1, -1,
+        8, -1, 11, -1, 9, -1, 12, -1, 10, -1, 13, -1, -1, -1, -1, -1);
+    const __m256i lefts = _mm256_set1_epi32(1);
+    const __m256i differences = _mm256_set1_epi32(0x0001FFFF); // 1 × right − 1 × left
+    for (std::size_t x = 0; x < count; x += 2, to += 6) {
+        const SingleColumn& first = columns[x];
+        const SingleColumn& second = columns[x + 1 < count ? x + 1 : x];
+        const __m128i bytes = eightBytesEach(from + first.offset, from + second.offset);
+        const __m256i pixels = _mm256_shuffle_epi8(_mm256_broadcastsi128_si256(bytes), order);
+        const __m256 left = _mm256_cvtepi32_ps(_mm256_madd_epi16(pixels, lefts));
+        const __m256 difference = _mm256_cvtepi32_ps(_mm256_madd_epi16(pixels, differences));
+        const __m256 fractions
+            = _mm256_setr_m128(_mm_set1_ps(first.fraction), _mm_set1_ps(second.fraction));
+        const __m256 values = _mm256_add_ps(
+            _mm256_add_ps(left, _mm256_set1_ps(doubt)), _mm256_mul_ps(difference, fractions));
+        _mm_storeu_ps(to, _mm256_castps256_ps128(values));
+        _mm_storeu_ps(to + 3, _mm256_extractf128_ps(values, 1));
+    }
+}
+
+struct Avx2Level {
+    typedef float Singles __attribute__((vector_size(32)));
+    typedef std::int32_t Words __attribute__((vector_size(32)));
+
+    static std::uint32_t negative(const Singles& values)
+    {
+        return static_cast<std::uint32_t>(_mm256_movemask_ps(__m256(values)));
+    }
+
+    static void storeBytes(std::uint8_t* to, const Words (&words)[4])
+    {
+        const __m256i low = _mm256_packs_epi32(__m256i(words[0]), __m256i(words[1]));
+        const __m256i high = _mm256_packs_epi32(__m256i(words[2]), __m256i(words[3]));
+        const __m256i bytes = _mm256_permutevar8x32_epi32(
+            _mm256_packus_epi16(low, high), _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), bytes);
+    }
+
+    static void widen(const std::uint8_t* bytes, FourDoubles& to)
+    {
+        int all;
+        std::memcpy(&all, bytes, sizeof all);
+        to = FourDoubles(_mm256_cvtepi32_pd(_mm_cvtepu8_epi32(_mm_cvtsi32_si128(all))));
+    }
+};
 
 // Four pixels that lie beside each other, in two pairs: blue, blue, green, green, red, red in 16
 // bits each.
@@ -202,7 +256,7 @@ void doubleRow(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* 
 
 } // namespace
 
-const ResampleKernels avx2ResampleKernels
-    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve, doubleRow };
+const ResampleKernels avx2ResampleKernels = { spread, mixSpreadRows, spreadSingle,
+    mixSingleRows<Avx2Level>, mixWideRows<Avx2Level>, average, halve, doubleRow };
 
 } // namespace kez

@@ -24,27 +24,30 @@ void mixRows(std::uint8_t* to, const std::uint16_t* upper, const std::uint16_t* 
             (upper[i] * (16 - lowerShare) + lower[i] * lowerShare) >> 8);
 }
 
-void widen(double* to, const std::uint8_t* from, std::size_t count)
+// The rule is one of doubles: every value is doubtful.
+void spreadSingle(float*, const std::uint8_t*, const SingleColumn*, std::size_t) { }
+
+void mixSingle(
+    std::uint8_t*, const float*, const float*, float, std::size_t groups, std::uint32_t* doubtful)
 {
-    for (std::size_t i = 0; i < count; ++i, to += 4)
-        for (std::size_t byte = 0; byte < 3; ++byte)
-            to[byte] = *from++;
+    for (std::size_t group = 0; group < groups; ++group)
+        doubtful[group] = 0xFFFFFFFF;
 }
 
-void mixWide(std::uint8_t* to, const double* upper, const double* lower, const WideColumn* columns,
-    double fraction, std::size_t count)
+void mixWide(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+    const WideColumn* columns, double lowerShare, std::size_t count)
 {
     for (std::size_t x = 0; x < count; ++x) {
         const WideColumn& column = columns[x];
-        const double* const up = upper + 4 * column.left;
-        const double* const low = lower + 4 * column.left;
-        const double w00 = column.shares[0] * (1 - fraction);
-        const double w10 = column.shares[1] * (1 - fraction);
-        const double w11 = column.shares[2] * fraction;
-        const double w01 = column.shares[3] * fraction;
+        const std::uint8_t* const up = upper + column.offset;
+        const std::uint8_t* const low = lower + column.offset;
+        const double w00 = column.leftShare * (1 - lowerShare);
+        const double w10 = column.rightShare * (1 - lowerShare);
+        const double w11 = column.rightShare * lowerShare;
+        const double w01 = column.leftShare * lowerShare;
         for (std::size_t byte = 0; byte < 3; ++byte)
             *to++ = static_cast<std::uint8_t>(
-                up[byte] * w00 + up[byte + 4] * w10 + low[byte + 4] * w11 + low[byte] * w01);
+                up[byte] * w00 + up[byte + 3] * w10 + low[byte + 3] * w11 + low[byte] * w01);
     }
 }
 
@@ -88,6 +91,6 @@ void doubleRow(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* 
 } // namespace
 
 const ResampleKernels plainResampleKernels
-    = { spread, mixRows, widen, mixWide, average, halve, doubleRow };
+    = { spread, mixRows, spreadSingle, mixSingle, mixWide, average, halve, doubleRow };
 
 } // namespace kez

@@ -25,6 +25,51 @@ void spread(
     }
 }
 
+void spreadSingle(
+    float* to, const std::uint8_t* from, const SingleColumn* columns, std::size_t count)
+{
+    const __m128i lefts = _mm_set1_epi32(1);
+    const __m128i differences = _mm_set1_epi32(0x0001FFFF); // 1 × right − 1 × left
+    for (std::size_t x = 0; x < count; ++x, to += 3) {
+        const __m128i pixels = twoPixels(from + columns[x].offset);
+        const __m128 left = _mm_cvtepi32_ps(_mm_madd_epi16(pixels, lefts));
+        const __m128 difference = _mm_cvtepi32_ps(_mm_madd_epi16(pixels, differences));
+        const __m128 way = _mm_mul_ps(difference, _mm_set1_ps(columns[x].fraction));
+        _mm_storeu_ps(to, _mm_add_ps(_mm_add_ps(left, _mm_set1_ps(doubt)), way));
+    }
+}
+
+struct Sse2Level {
+    typedef float Singles __attribute__((vector_size(16)));
+    typedef std::int32_t Words __attribute__((vector_size(16)));
+
+    static std::uint32_t negative(Singles values)
+    {
+        return static_cast<std::uint32_t>(_mm_movemask_ps(__m128(values)));
+    }
+
+    static void storeBytes(std::uint8_t* to, const Words (&words)[8])
+    {
+        for (std::size_t i = 0; i < 8; i += 4, to += 16) {
+            const __m128i low = _mm_packs_epi32(__m128i(words[i]), __m128i(words[i + 1]));
+            const __m128i high = _mm_packs_epi32(__m128i(words[i + 2]), __m128i(words[i + 3]));
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_packus_epi16(low, high));
+        }
+    }
+
+    static void widen(const std::uint8_t* bytes, FourDoubles& to)
+    {
+        int all;
+        std::memcpy(&all, bytes, sizeof all);
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i words
+            = _mm_unpacklo_epi16(_mm_unpacklo_epi8(_mm_cvtsi32_si128(all), zero), zero);
+        const __m128d low = _mm_cvtepi32_pd(words);
+        const __m128d high = _mm_cvtepi32_pd(_mm_unpackhi_epi64(words, words));
+        to = FourDoubles { low[0], low[1], high[0], high[1] };
+    }
+};
+
 __m128i twoWeights(const std::int16_t* at)
 {
     std::int32_t both;
@@ -141,7 +186,7 @@ void doubleRow(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* 
 
 } // namespace
 
-const ResampleKernels sse2ResampleKernels
-    = { spread, mixSpreadRows, widenPixels, mixWideRows, average, halve, doubleRow };
+const ResampleKernels sse2ResampleKernels = { spread, mixSpreadRows, spreadSingle,
+    mixSingleRows<Sse2Level>, mixWideRows<Sse2Level>, average, halve, doubleRow };
 
 } // namespace kez

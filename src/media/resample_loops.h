@@ -59,31 +59,55 @@ void doubleInSteps(auto&& step, std::uint8_t* to, const std::uint8_t* upper,
     at(count - stepPixels);
 }
 
-typedef double FourDoubles __attribute__((vector_size(32)));
+// No value in single precision is off by more than seven halves of the last bit of 255, 7 / 2¹⁷.
+constexpr float doubt = 0.0001f;
 
-void widenPixels(double* to, const std::uint8_t* from, std::size_t count)
+// The values are `doubt` above what they stand for. A level stores the bytes of a group and tells
+// the negative ones of a vector.
+template <class Level>
+void mixSingleRows(std::uint8_t* to, const float* upper, const float* lower, float lowerShare,
+    std::size_t groups, std::uint32_t* doubtful)
 {
-    for (std::size_t i = 0; i < count; ++i, to += 4, from += 3) {
-        const FourDoubles pixel { static_cast<double>(from[0]), static_cast<double>(from[1]),
-            static_cast<double>(from[2]), 0 };
-        std::memcpy(to, &pixel, sizeof pixel);
+    typedef typename Level::Singles Singles;
+    constexpr std::size_t lanes = sizeof(Singles) / sizeof(float);
+    constexpr std::size_t groupValues = 32;
+    for (std::size_t group = 0; group < groups; ++group, to += groupValues) {
+        typename Level::Words words[groupValues / lanes];
+        std::uint32_t bits = 0;
+        for (std::size_t i = 0; i < groupValues; i += lanes, upper += lanes, lower += lanes) {
+            Singles above, below;
+            std::memcpy(&above, upper, sizeof above);
+            std::memcpy(&below, lower, sizeof below);
+            const Singles values = above + (below - above) * lowerShare;
+            auto& whole = words[i / lanes];
+            whole = __builtin_convertvector(values, typename Level::Words);
+            const Singles rest = values - __builtin_convertvector(whole, Singles);
+            bits |= Level::negative(rest - 2 * doubt) << i;
+        }
+        Level::storeBytes(to, words);
+        doubtful[group] = bits;
     }
 }
 
-void mixWideRows(std::uint8_t* to, const double* upper, const double* lower,
-    const WideColumn* columns, double fraction, std::size_t count)
+typedef double FourDoubles __attribute__((vector_size(32)));
+
+// `Level::widen` makes doubles of four bytes.
+template <class Level>
+void mixWideRows(std::uint8_t* to, const std::uint8_t* upper, const std::uint8_t* lower,
+    const WideColumn* columns, double lowerShare, std::size_t count)
 {
-    const FourDoubles rowShares { 1 - fraction, 1 - fraction, fraction, fraction };
+    const double upperShare = 1 - lowerShare;
     for (std::size_t x = 0; x < count; ++x) {
-        FourDoubles upperLeft, upperRight, lowerLeft, lowerRight, shares;
-        std::memcpy(&upperLeft, upper + 4 * columns[x].left, sizeof upperLeft);
-        std::memcpy(&upperRight, upper + 4 * columns[x].left + 4, sizeof upperRight);
-        std::memcpy(&lowerLeft, lower + 4 * columns[x].left, sizeof lowerLeft);
-        std::memcpy(&lowerRight, lower + 4 * columns[x].left + 4, sizeof lowerRight);
-        std::memcpy(&shares, columns[x].shares, sizeof shares);
-        shares *= rowShares;
-        const FourDoubles mixed = upperLeft * shares[0] + upperRight * shares[1]
-            + lowerRight * shares[2] + lowerLeft * shares[3];
+        const WideColumn& column = columns[x];
+        FourDoubles upperLeft, upperRight, lowerLeft, lowerRight;
+        Level::widen(upper + column.offset, upperLeft);
+        Level::widen(upper + column.offset + 3, upperRight);
+        Level::widen(lower + column.offset, lowerLeft);
+        Level::widen(lower + column.offset + 3, lowerRight);
+        const FourDoubles mixed = upperLeft * (column.leftShare * upperShare)
+            + upperRight * (column.rightShare * upperShare)
+            + lowerRight * (column.rightShare * lowerShare)
+            + lowerLeft * (column.leftShare * lowerShare);
         typedef std::int32_t FourWords __attribute__((vector_size(16)));
         const auto words = reinterpret_cast<__m128i>(__builtin_convertvector(mixed, FourWords));
         const __m128i halves = _mm_packs_epi32(words, words);

@@ -62,6 +62,12 @@ TEST(Resample, agreesWithThePlainRuleAtEverySize)
         const Picture source = noise(sw, sh, 7);
         expectThePlainRule(source, sw, sh, 320, 240);
     }
+    // Whole numbers everywhere and in many places, which doubles may fall short of.
+    expectThePlainRule(Picture(std::size_t { 3 } * 250 * 188, 255), 250, 188, 320, 240);
+    Picture coarse = noise(250, 188, 11);
+    for (std::uint8_t& byte : coarse)
+        byte = byte % 8 == 0 ? 254 : 255;
+    expectThePlainRule(coarse, 250, 188, 320, 240);
     // Halving, with every rest of its steps, and with the greatest sums.
     for (int half = 2; half < 14; ++half) {
         expectThePlainRule(
