@@ -33,8 +33,11 @@ public:
     static int numberOf(std::span<const unsigned char, MVI_RAW_BYTES> raw)
     {
         std::array<std::uint8_t, MVI_PICTURE_BYTES> picture;
-        if (!colourize(raw, picture))
-            return -1;
+        return colourize(raw, picture) ? numberIn(picture) : -1;
+    }
+
+    static int numberIn(std::span<const std::uint8_t, MVI_PICTURE_BYTES> picture)
+    {
         const bool isGrey = std::abs(picture[0] - picture[1]) <= 2;
         return isGrey ? (picture[0] - firstBrightness + 2) / 4 : 0;
     }

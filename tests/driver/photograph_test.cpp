@@ -85,11 +85,12 @@ TEST(Photograph, isUprightInEveryOrientation)
 TEST(Photograph, isReadInEveryKindOfFile)
 {
     const Photograph photograph = fields(1, 333, 250);
-    expectFields(readBytes(jpegFile(photograph, { .progressive = true })));
-    expectFields(readBytes(jpegFile(photograph, { .cmyk = true })));
+    expectFields(readBytes(jpegFile(photograph, { .isProgressive = true })));
+    expectFields(readBytes(jpegFile(photograph, { .components = 4, .colours = JCS_CMYK })));
     expectFields(readBytes(pngFile(photograph, { .interlaced = true })));
     expectFields(readBytes(pngFile(photograph, { .opacity = 255 })));
-    const Outcome grey = readBytes(jpegFile(photograph, { .grey = true }));
+    const Outcome grey
+        = readBytes(jpegFile(photograph, { .components = 1, .colours = JCS_GRAYSCALE }));
     ASSERT_TRUE(grey.picture) << grey.problem;
     expectNear(*grey.picture, 20, 15, { 220, 220, 220 }, 4);
 }
@@ -156,7 +157,7 @@ TEST(Photograph, thatIsDamagedNeverDoesHarm)
         return Colour { x * 4, y * 5, x ^ y };
     });
     for (std::string bytes : { jpegFile(photograph, { .orientation = 3 }),
-             jpegFile(photograph, { .progressive = true }), pngFile(photograph) }) {
+             jpegFile(photograph, { .isProgressive = true }), pngFile(photograph) }) {
         unsigned random = 12345;
         for (int i = 0; i < 150; ++i) {
             random = random * 1664525 + 1013904223;

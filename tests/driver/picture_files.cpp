@@ -1,33 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "picture_files.h"
 
-#include "support/plain_jpeg.h"
-
 #include <png.h>
+
+#include <algorithm>
 
 namespace kez::driver::test {
 
 namespace {
-
-// What JPEG calls inverted inks: each colour as it is, with full black ink left out.
-std::vector<std::uint8_t> inks(const Photograph& photograph)
-{
-    std::vector<std::uint8_t> all;
-    for (std::size_t i = 0; i < photograph.pixels.size(); ++i) {
-        all.push_back(photograph.pixels[i]);
-        if (i % 3 == 2)
-            all.push_back(255);
-    }
-    return all;
-}
-
-std::vector<std::uint8_t> greys(const Photograph& photograph)
-{
-    std::vector<std::uint8_t> all;
-    for (std::size_t i = 0; i < photograph.pixels.size(); i += 3)
-        all.push_back(photograph.pixels[i]);
-    return all;
-}
 
 void appendBytes(png_structp png, png_bytep bytes, std::size_t count)
 {
@@ -49,22 +29,18 @@ Photograph::Photograph(int w, int h, const std::function<Colour(int x, int y)>& 
         }
 }
 
-std::string jpegFile(const Photograph& photograph, const JpegOptions& options)
+std::string jpegFile(const Photograph& photograph, kez::test::PlainJpeg form)
 {
-    const kez::test::PlainJpeg jpeg { .components = options.cmyk ? 4
-            : options.grey                                       ? 1
-                                                                 : 3,
-        .colours = options.cmyk ? JCS_CMYK
-            : options.grey      ? JCS_GRAYSCALE
-                                : JCS_RGB,
-        .isProgressive = options.progressive,
-        .orientation = options.orientation,
-        .quality = options.quality,
-        .keepsColours = true };
-    return jpeg.file(options.cmyk ? inks(photograph)
-            : options.grey        ? greys(photograph)
-                                  : photograph.pixels,
-        photograph.width, photograph.height);
+    form.quality = 95;
+    form.keepsColours = true;
+    std::vector<std::uint8_t> pixels;
+    for (std::size_t i = 0; i < photograph.pixels.size(); i += 3) {
+        const std::uint8_t* const pixel = &photograph.pixels[i];
+        pixels.insert(pixels.end(), pixel, pixel + std::min(form.components, 3));
+        if (form.components == 4) // inverted inks: each colour as it is, with no black ink
+            pixels.push_back(255);
+    }
+    return form.file(pixels, photograph.width, photograph.height);
 }
 
 std::string pngFile(const Photograph& photograph, const PngOptions& options)
@@ -78,7 +54,7 @@ std::string pngFile(const Photograph& photograph, const PngOptions& options)
         options.opacity < 0 ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGBA,
         options.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
         PNG_FILTER_TYPE_DEFAULT);
-    std::vector<std::uint8_t> exif = exifBlock(options.orientation);
+    std::vector<std::uint8_t> exif = kez::test::exifBlock(options.orientation);
     if (options.orientation != 0)
         png_set_eXIf_1(png, info, static_cast<png_uint_32>(exif.size()), exif.data());
     std::vector<std::uint8_t> pixels;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "picture.h"
-#include "support/exif_block.h"
+#include "support/plain_jpeg.h"
 
 #include <functional>
 #include <string>
@@ -26,15 +26,9 @@ struct Photograph {
     Photograph(int w, int h, const std::function<Colour(int x, int y)>& colourAt);
 };
 
-struct JpegOptions {
-    int quality = 95;
-    int orientation = 0; ///< 0: no EXIF block.
-    bool progressive = false;
-    bool cmyk = false;
-    bool grey = false;
-};
-
-[[nodiscard]] std::string jpegFile(const Photograph& photograph, const JpegOptions& options = {});
+/// A good one with every field in its own colour, otherwise as `form` says: of 1, 3 or 4
+/// components.
+[[nodiscard]] std::string jpegFile(const Photograph& photograph, kez::test::PlainJpeg form = {});
 
 struct PngOptions {
     int orientation = 0; ///< 0: no EXIF block.
@@ -43,8 +37,6 @@ struct PngOptions {
 };
 
 [[nodiscard]] std::string pngFile(const Photograph& photograph, const PngOptions& options = {});
-
-using kez::test::exifBlock;
 
 [[nodiscard]] Colour colourOf(const Picture& picture, int x, int y);
 

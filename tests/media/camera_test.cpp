@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// That no picture is lost is tested with the camera itself: driver/camera_link_test.cpp.
 #include "media/camera.h"
 
 #include "control_kernel.h"
@@ -183,79 +184,6 @@ TEST_F(CameraLink, tellsOfALossWithTheFirstReconnectionThatFails)
     fake.take();
     tick(30);
     EXPECT_THAT(heard, ElementsAre(count, lost, count, ready, picture, count));
-}
-
-// The camera is busy while it writes the picture, and keeps it until the host has finished.
-TEST_F(CameraLink, losesNoPictureThatIsTakenDuringADownload)
-{
-    int callsOfADownload = 1000;
-    for (int n = 1; n <= callsOfADownload; ++n) {
-        SCOPED_TRACE(n);
-        begin();
-        fake.take(3);
-        connect();
-        const int before = fake.calls;
-        fake.afterCall = [&](int call) {
-            if (call - before != n)
-                return;
-            fake.take();
-            fake.busyCalls = 2;
-        };
-        tick(60);
-        if (callsOfADownload == 1000)
-            callsOfADownload = fake.calls - before;
-        tick(30);
-        ASSERT_THAT(arrived, ElementsAre(1, 2, 3, 4));
-        ASSERT_EQ(fake.counter, 0);
-    }
-}
-
-TEST_F(CameraLink, recoversFromAnyCallThatFails)
-{
-    for (const std::uint32_t failure : { CameraNak, CameraBusy, CameraTimeout })
-        for (int n = 1; n < 70; ++n) {
-            SCOPED_TRACE(testing::Message() << std::hex << failure << " in call " << std::dec << n);
-            begin();
-            fake.take(3);
-            fake.failures[n] = failure;
-            connect();
-            tick(60);
-            ASSERT_TRUE(link.isReady());
-            ASSERT_FALSE(link.isDownloading());
-            // After a new connection the counter may tell less than there is.
-            if (fake.opened.size() > 1) {
-                ASSERT_TRUE(link.requestDownloadAll());
-            } else {
-                ASSERT_THAT(arrived, ElementsAre(1, 2, 3));
-            }
-            tick(60);
-            ASSERT_THAT(arrived, IsSupersetOf({ 1, 2, 3 }));
-            fake.take();
-            tick(20);
-            ASSERT_EQ(arrived.back(), 4);
-        }
-}
-
-TEST_F(CameraLink, comesBackAfterBeingUnpluggedInAnyCall)
-{
-    for (int n = 1; n < 70; ++n) {
-        SCOPED_TRACE(n);
-        begin();
-        fake.take(3);
-        fake.afterCall = [&](int call) { fake.plugged = call < n || call >= n + 30; };
-        connect();
-        tick(80);
-        fake.afterCall = nullptr;
-        fake.plugged = true;
-        tick(40);
-        ASSERT_TRUE(link.isReady());
-        link.requestDownloadAll(); // the counter may tell less than there is
-        tick(80);
-        ASSERT_THAT(arrived, IsSupersetOf({ 1, 2, 3 }));
-        fake.take();
-        tick(20);
-        ASSERT_EQ(arrived.back(), 4);
-    }
 }
 
 TEST_F(CameraLink, waitsForACameraThatIsBusyEveryOtherTime)

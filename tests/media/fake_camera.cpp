@@ -3,39 +3,13 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 namespace kez::test {
 
 void FakeCamera::take(int pictures)
 {
-    for (; pictures > 0; --pictures) {
-        if (hostMoves)
-            line.push_back(++taken);
-        else if (counter < static_cast<int>(places.size())) // else full: the camera takes none
-            places[static_cast<std::size_t>(counter++)] = ++taken;
-    }
-}
-
-void FakeCamera::moveCounter(int target)
-{
-    for (int i = told; !hostMoves && i < counter; ++i)
-        line.push_back(places[static_cast<std::size_t>(i)]);
-    counter = target;
-    hostMoves = true;
-    confirmationDue = true;
-    fetched = false;
-    resets.push_back(target);
-}
-
-int FakeCamera::readCounter()
-{
-    if (!std::exchange(confirmationDue, false) && hostMoves && !fetched) {
-        hostMoves = false;
-        for (; !line.empty() && counter < static_cast<int>(places.size()); line.pop_front())
-            places[static_cast<std::size_t>(counter++)] = line.front();
-    }
-    return told = counter;
+    for (; pictures > 0 && counter < static_cast<int>(places.size()); --pictures)
+        places[static_cast<std::size_t>(counter++)] = ++taken;
 }
 
 std::uint32_t FakeCamera::answer(bool asksCamera)
@@ -91,13 +65,15 @@ std::uint32_t version(char* text)
 
 std::uint32_t readIndex(unsigned char* index)
 {
-    return ask(
-        [index](FakeCamera& fake) { *index = static_cast<unsigned char>(fake.readCounter()); });
+    return ask([index](FakeCamera& fake) { *index = static_cast<unsigned char>(fake.counter); });
 }
 
 std::uint32_t reset(int target)
 {
-    return ask([target](FakeCamera& fake) { fake.moveCounter(target); });
+    return ask([target](FakeCamera& fake) {
+        fake.counter = target;
+        fake.resets.push_back(target);
+    });
 }
 
 std::uint32_t begin(int* lineCount, int* lineBytes)
@@ -146,8 +122,7 @@ CameraDriver fakeDriver()
         .syncCamera = acknowledge,
         .beginUpload = begin,
         .uploadLine = line,
-        .uploadInfo
-        = [](MVIGRABINFO*) { return ask([](FakeCamera& fake) { fake.fetched = true; }); },
+        .uploadInfo = [](MVIGRABINFO*) { return ask([](FakeCamera&) {}); },
         .colourizeImage = colourize,
         .enlargeImage = enlarge,
         .grabImage = twoNumbers,

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
-/// A camera made in the test, with a driver in front of it: six places, a counter that says where
-/// the next picture goes, BUSY while it writes one. While the host moves the counter a new picture
-/// waits in line, and so do those that the host has not been told of; they go into the places once
-/// the host reads the counter without having moved it or fetched a picture before. A picture is a
-/// number from 1 on; uploaded, every byte of it has that value. Calls are counted, and each may be
-/// made to fail.
+/// A camera made in the test, with a driver in front of it: six places and a counter that says
+/// where the next picture goes. A picture is a number from 1 on; uploaded, every byte of it has
+/// that value. Calls are counted, and each may be made to fail. It does not keep apart what is
+/// taken while the host moves the counter, as a real one does.
 #pragma once
 
 #include "media/camera.h"
 
 #include <array>
-#include <deque>
 #include <functional>
 #include <map>
 #include <string>
@@ -21,11 +18,6 @@ namespace kez::test {
 struct FakeCamera {
     std::array<int, 6> places {};
     int counter = 0;
-    int told = 0; ///< The counter as the host last read it.
-    bool hostMoves = false;
-    bool confirmationDue = false; ///< The host's next reading confirms its move.
-    bool fetched = false; ///< A picture, since the latest move.
-    std::deque<int> line;
     int taken = 0; ///< Pictures taken so far, the number of the latest.
     bool plugged = true;
     bool portsOpen = true; ///< A port opens although no camera is on it.
@@ -41,8 +33,6 @@ struct FakeCamera {
     std::vector<std::string> opened; ///< Ports tried.
 
     void take(int pictures = 1);
-    void moveCounter(int target);
-    int readCounter();
     std::uint32_t answer(bool asksCamera);
 };
 

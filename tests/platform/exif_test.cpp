@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "picture_files.h"
 #include "platform/exif_orientation.h"
+
+#include "support/exif_block.h"
 
 #include <gtest/gtest.h>
 
-namespace kez::driver {
+namespace kez {
 namespace {
 
 using test::exifBlock;
@@ -46,4 +47,4 @@ TEST(Exif, survivesBeingCutAnywhereAndClaimingManyEntries)
 }
 
 } // namespace
-} // namespace kez::driver
+} // namespace kez
