@@ -3,11 +3,10 @@
 
 #include "core/object.h"
 #include "platform/files.h"
-#include "support/debug_output.h"
+#include "platform/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 namespace kez {
@@ -17,29 +16,8 @@ using Direction = DataFile::Direction;
 
 class DataFileTest : public testing::Test {
 protected:
-    DataFileTest()
-    {
-        std::filesystem::remove_all(folder);
-        std::filesystem::create_directories(folder);
-    }
-
-    ~DataFileTest() override { std::filesystem::remove_all(folder); }
-
-    [[nodiscard]] std::string onDisk() const
-    {
-        const auto bytes = files::read(path);
-        return bytes ? std::string(bytes->begin(), bytes->end()) : "(no file)";
-    }
-
-    void put(std::string_view text) const
-    {
-        ASSERT_TRUE(files::write(
-            path, { reinterpret_cast<const std::uint8_t*>(text.data()), text.size() }));
-    }
-
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir())
-        / testing::UnitTest::GetInstance()->current_test_info()->name();
-    const std::string path = (folder / "data").string();
+    const test::TemporaryFolder folder;
+    const std::string path = folder / "data";
 };
 
 TEST_F(DataFileTest, writesAndReadsAnObject)
@@ -55,7 +33,7 @@ TEST_F(DataFileTest, writesAndReadsAnObject)
         EXPECT_TRUE(file.transfer(number));
     }
     const std::string number("\0\0\0\0\0\x20\x59\x40", 8);
-    EXPECT_EQ(onDisk(), std::string("\3\0\0\0Cat\0\0\0\0\xFE\xFF\xFF\xFF", 15) + number);
+    EXPECT_EQ(folder.get("data"), std::string("\3\0\0\0Cat\0\0\0\0\xFE\xFF\xFF\xFF", 15) + number);
 
     Object read;
     read.caption = "old";
@@ -73,7 +51,7 @@ TEST_F(DataFileTest, writesAndReadsAnObject)
 
 TEST_F(DataFileTest, aTextEndsAtItsFirstZeroByte)
 {
-    put(std::string_view("\6\0\0\0ab\0cdeX", 11));
+    folder.put("data", std::string("\6\0\0\0ab\0cdeX", 11));
     DataFile file(path.c_str(), Direction::Reading);
     String text;
     EXPECT_TRUE(file.transfer(text));
@@ -91,7 +69,7 @@ TEST_F(DataFileTest, refusesLengthsThatTheFileCannotHold)
              std::string("\xFF\xFF\xFF\x7F"
                          "abc"),
              std::string("\1\0", 2), std::string() }) {
-        put(bytes);
+        folder.put("data", bytes);
         DataFile file(path.c_str(), Direction::Reading);
         String text("kept");
         EXPECT_FALSE(file.transfer(text));
@@ -108,7 +86,7 @@ TEST_F(DataFileTest, leavesNothingBehindAfterAFailedWrite)
     EXPECT_FALSE(file.transfer(bytes, 1));
     EXPECT_FALSE(file.isOpen());
     EXPECT_FALSE(file.transfer(bytes, 1));
-    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    EXPECT_TRUE(folder.names().empty());
 }
 
 TEST_F(DataFileTest, aClosedFileFailsAndNothingAlwaysFits)

@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace kez::testing;
+using namespace kez::test;
 using kez::test::BmpBytes;
 using kez::test::TemporaryFolder;
 

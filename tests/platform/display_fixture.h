@@ -2,6 +2,9 @@
 /// A display in a mode of the test's choice, and surfaces on it.
 #pragma once
 
+#include "support/locked_surface.h"
+#include "support/surfaces.h"
+
 #include <windows.h>
 
 #include <control.h>
@@ -9,17 +12,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+namespace kez::test {
 
-namespace kez::testing {
-
-inline DDPIXELFORMAT rgbFormat(DWORD bits, DWORD red, DWORD green, DWORD blue, DWORD alpha = 0)
-{
-    return { sizeof(DDPIXELFORMAT), DDPF_RGB | (alpha != 0 ? DDPF_ALPHAPIXELS : 0), 0, bits, red,
-        green, blue, alpha };
-}
-
-inline const DDPIXELFORMAT format32 = rgbFormat(32, 0xFF0000, 0x00FF00, 0x0000FF);
+inline const DDPIXELFORMAT format32 = formatOf(32);
 
 class DisplayTest : public ::testing::Test {
 protected:
@@ -50,15 +45,10 @@ protected:
     IDirectDrawSurface* makeSurface(
         int width, int height, const DDPIXELFORMAT& format, HRESULT expected = DD_OK) const
     {
-        DDSURFACEDESC description {};
-        description.dwSize = sizeof description;
-        description.dwFlags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT | DDSD_PIXELFORMAT;
-        description.dwWidth = static_cast<DWORD>(width);
-        description.dwHeight = static_cast<DWORD>(height);
-        description.ddpfPixelFormat = format;
-        description.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY;
         IDirectDrawSurface* surface = nullptr;
-        EXPECT_EQ(directDraw->CreateSurface(&description, &surface, nullptr), expected);
+        EXPECT_EQ(test::makeSurface(*directDraw, format, static_cast<DWORD>(width),
+                      static_cast<DWORD>(height), surface),
+            expected);
         return surface;
     }
 
@@ -66,53 +56,4 @@ protected:
     IDirectDraw* directDraw = nullptr;
 };
 
-/// The surface locked for as long as the object lives.
-class Locked {
-public:
-    explicit Locked(IDirectDrawSurface* surface)
-        : surface_(surface)
-    {
-        surface_->AddRef();
-        description_.dwSize = sizeof description_;
-        EXPECT_EQ(surface_->Lock(nullptr, &description_, DDLOCK_WAIT, nullptr), DD_OK);
-    }
-
-    ~Locked()
-    {
-        surface_->Unlock(nullptr);
-        surface_->Release();
-    }
-
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-
-    [[nodiscard]] int pitch() const { return description_.lPitch; }
-
-    [[nodiscard]] BYTE* at(int x, int y) const
-    {
-        return static_cast<BYTE*>(description_.lpSurface) + y * pitch() + x * bytes();
-    }
-
-    [[nodiscard]] DWORD pixel(int x, int y) const
-    {
-        DWORD value = 0;
-        std::memcpy(&value, at(x, y), static_cast<std::size_t>(bytes()));
-        return value;
-    }
-
-    void setPixel(int x, int y, DWORD value) const
-    {
-        std::memcpy(at(x, y), &value, static_cast<std::size_t>(bytes()));
-    }
-
-private:
-    [[nodiscard]] int bytes() const
-    {
-        return static_cast<int>(description_.ddpfPixelFormat.dwRGBBitCount / 8);
-    }
-
-    IDirectDrawSurface* surface_;
-    DDSURFACEDESC description_ {};
-};
-
-} // namespace kez::testing
+} // namespace kez::test

@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace kez::testing;
+using namespace kez::test;
 
 constexpr int width = 120;
 constexpr int height = 60;

@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace kez::testing;
+using namespace kez::test;
 
 struct Heard {
     UINT message;

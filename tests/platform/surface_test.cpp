@@ -3,7 +3,7 @@
 
 namespace {
 
-using namespace kez::testing;
+using namespace kez::test;
 
 using Surfaces = DisplayTest;
 
@@ -46,32 +46,6 @@ TEST_F(Surfaces, refusesDescriptionsThatAreNoSurface)
               rgbFormat(32, 0xFF0000, 0, 0x0000FF), rgbFormat(16, 0xF80000, 0x07E0, 0x001F) };
     for (const DDPIXELFORMAT& format : formats)
         makeSurface(3, 3, format, DDERR_INVALIDPIXELFORMAT);
-}
-
-TEST_F(Surfaces, needACooperativeLevelAndTheRightSizes)
-{
-    IDirectDraw* other = nullptr;
-    ASSERT_EQ(DirectDrawCreate(nullptr, &other, nullptr), DD_OK);
-    DDSURFACEDESC description {};
-    description.dwSize = sizeof description;
-    description.dwFlags = DDSD_CAPS;
-    description.ddsCaps.dwCaps = DDSCAPS_PRIMARYSURFACE;
-    IDirectDrawSurface* surface = nullptr;
-    EXPECT_EQ(other->CreateSurface(&description, &surface, nullptr), DDERR_NOCOOPERATIVELEVELSET);
-    other->Release();
-    description.dwSize = 4;
-    EXPECT_EQ(directDraw->CreateSurface(&description, &surface, nullptr), DDERR_INVALIDPARAMS);
-
-    surface = makeSurface(3, 3, format32);
-    EXPECT_EQ(surface->Lock(nullptr, &description, 0, nullptr), DDERR_INVALIDPARAMS);
-    EXPECT_EQ(surface->GetSurfaceDesc(&description), DDERR_INVALIDPARAMS);
-    DDPIXELFORMAT format {};
-    EXPECT_EQ(surface->GetPixelFormat(&format), DDERR_INVALIDPARAMS);
-    surface->Release();
-    EXPECT_EQ(directDraw->SetDisplayMode(640, 480, 8), DDERR_INVALIDMODE);
-    EXPECT_EQ(directDraw->SetDisplayMode(0, 480, 32), DDERR_INVALIDMODE);
-    for (const DWORD level : { 0u, DDSCL_EXCLUSIVE, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN })
-        EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, level), DDERR_INVALIDPARAMS);
 }
 
 TEST_F(Surfaces, areOpenInOneWayAtATime)

@@ -4,6 +4,7 @@
 /// pixels.
 #pragma once
 
+#include "support/locked_surface.h"
 #include "support/surfaces.h"
 
 #include <windows.h>
@@ -13,25 +14,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstring>
 
 namespace kez::test {
 
 inline std::uint32_t pixelAt(IDirectDrawSurface& surface, int x, int y)
 {
-    DDSURFACEDESC description = {};
-    description.dwSize = sizeof description;
-    if (surface.Lock(nullptr, &description, DDLOCK_WAIT, nullptr) != DD_OK) {
-        ADD_FAILURE() << "The surface cannot be locked.";
-        return 0;
-    }
-    const auto bytes = description.ddpfPixelFormat.dwRGBBitCount / 8;
-    const auto* row = static_cast<const std::uint8_t*>(description.lpSurface)
-        + static_cast<std::ptrdiff_t>(y) * description.lPitch;
-    std::uint32_t pixel = 0;
-    std::memcpy(&pixel, row + static_cast<std::ptrdiff_t>(x) * bytes, bytes);
-    surface.Unlock(nullptr);
-    return pixel;
+    return Locked(&surface).pixel(x, y);
 }
 
 class Display {
