@@ -7,7 +7,7 @@ install(TARGETS kez-player kez qxdcdll RUNTIME DESTINATION . LIBRARY DESTINATION
 
 # The content is the same for every system, and only a native build can make it.
 install(CODE "
-    if(NOT EXISTS ${KEZ_NATIVE_BIN}/data/kez.wad)
+    if(NOT EXISTS \"${KEZ_NATIVE_BIN}/data/kez.wad\")
         message(FATAL_ERROR \"${KEZ_NATIVE_BIN} holds no content; make it first with: \"
                             \"cmake --preset release && cmake --build --preset release --target content\")
     endif()")
