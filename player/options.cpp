@@ -56,7 +56,8 @@ std::string complaintOf(const CLI::App*, const CLI::Error& error)
 {
     std::string text = error.what();
     if (error.get_name() == "ArgumentMismatch")
-        text = text.substr(0, text.find(':')) + " needs a value behind it";
+        text = text.substr(0, text.find(':'))
+            + (text.ends_with("missing") ? " needs a value behind it" : " stands more than once");
     if (const auto colon = text.find(": takes"); colon != std::string::npos)
         text.erase(colon, 1);
     return "kez-player: " + text + "\nkez-player --help lists what it takes.\n";
