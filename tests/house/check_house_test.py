@@ -49,6 +49,10 @@ class CheckHouse(unittest.TestCase):
         status, output = check("src/display/a.cpp", HEAD + '#include "core/list.h"\n')
         self.assertEqual((status, output.strip()), (0, "the house is in order"))
 
+    def test_leaves_alone_what_was_made(self):
+        status, output = check("build/release/a.cpp", "int a;\n")
+        self.assertEqual((status, output), (0, "the house is in order\n"))
+
 
 if __name__ == "__main__":
     unittest.main()
