@@ -47,7 +47,8 @@ import png_picture
 
 TIME_LIMIT_SECONDS = 300
 DISTINCT = 20 # in CIELAB, ten times what can just be seen
-NOBODY = 65534
+# For a player that root starts: with root's other rights, but nothing is open to it that is closed.
+OWN_RIGHTS_ONLY = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search,-fowner"]
 
 
 class Failure(Exception):
@@ -65,21 +66,21 @@ class Play:
         self.data = work / "data"
         self.content = tools.content or tools.player.parent
         self.options = []
-        self.user = None
+        self.rights = []
         self.shots = {}
 
     def prepare(self, what, *arguments):
         PREPARATIONS[what](self, *arguments)
 
     def play(self):
-        command = [*self.tools.runner, self.tools.player, "--headless", "--visit", self.visit,
-                   "--data", self.data, "--content", self.content, "--depth", str(self.depth),
-                   "--verbose",
+        command = [*self.rights, *self.tools.runner, self.tools.player, "--headless",
+                   "--visit", self.visit, "--data", self.data, "--content", self.content,
+                   "--depth", str(self.depth), "--verbose",
                    "--handed-back", self.work / "handed-back.png", "--log", self.work / "log.txt",
                    *self.options]
         done = subprocess.run(command, cwd=self.work, capture_output=True, text=True,
                               errors="replace", timeout=TIME_LIMIT_SECONDS, check=False,
-                              user=self.user, env=without_display())
+                              env=without_display())
         self.status, self.errors = done.returncode, done.stderr
         (self.work / "stderr.txt").write_text(self.errors)
 
@@ -228,7 +229,7 @@ def data_is_file(play):
 
 
 def data_read_only(play):
-    """A store that may be read only. Root may write everywhere, so the player runs as nobody."""
+    """A store that may be read only."""
     (play.data / "photo").mkdir(parents=True)
     (play.data / "photo" / "Photo  1.cam").write_bytes(b"kept")
     forbid_writing(play, "photo", ".")
@@ -242,15 +243,11 @@ def exports_read_only(play):
     place.mkdir()
     (place / "Photo  1.JPG").write_bytes(b"kept")
     forbid_writing(play, "export")
-    if play.user is not None:  # all the rest is the player's own
-        for path in (play.data, *play.data.rglob("*")):
-            os.chown(path, play.user, -1)
 
 
 def forbid_writing(play, *directories):
     if os.geteuid() == 0 and not play.tools.runner: # a runner takes root's rights away
-        play.user = NOBODY
-        os.chown(play.work, NOBODY, -1)
+        play.rights = OWN_RIGHTS_ONLY
     for directory in directories:
         (play.data / directory).chmod(stat.S_IRUSR | stat.S_IXUSR | stat.S_IRGRP | stat.S_IXGRP
                                       | stat.S_IROTH | stat.S_IXOTH)
