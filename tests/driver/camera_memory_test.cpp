@@ -65,6 +65,15 @@ TEST(CameraMemory, neverHoldsMoreThanSixThatWait)
     EXPECT_TRUE(camera.memory.isFull());
 }
 
+TEST(CameraMemory, takesNoneWhileAHostLeavesTheCounterAtSix)
+{
+    CameraMemory memory;
+    memory.moveCounter(6);
+    EXPECT_FALSE(memory.isFull()); // so far it is only the host's word
+    EXPECT_EQ(memory.readCounter() + memory.readCounter(), 12);
+    EXPECT_TRUE(memory.isFull());
+}
+
 TEST(CameraMemory, aPictureByTheHostsCommandLiesAtTheCounterAtOnce)
 {
     Numbered camera;

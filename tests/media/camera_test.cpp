@@ -186,6 +186,55 @@ TEST_F(CameraLink, tellsOfALossWithTheFirstReconnectionThatFails)
     EXPECT_THAT(heard, ElementsAre(count, lost, count, ready, picture, count));
 }
 
+TEST_F(CameraLink, fetchesTheLatestAloneOnRequest)
+{
+    fake.take(3);
+    connect();
+    ASSERT_TRUE(link.issue(Camera::UploadLatest));
+    settle();
+    tick(2);
+    EXPECT_THAT(arrived, ElementsAre(3));
+}
+
+TEST_F(CameraLink, believesNoCounterBeyondItsPlaces)
+{
+    fake.take(6);
+    fake.counter = 200;
+    connect();
+    tick(80);
+    EXPECT_THAT(arrived, ElementsAre(1, 2, 3, 4, 5, 6));
+    EXPECT_FALSE(link.isDownloading());
+}
+
+TEST_F(CameraLink, triesAnUploadAgainAtOnceThatFindsTheCameraBusy)
+{
+    fake.take();
+    fake.afterCall = [&](int call) {
+        if (fake.resets.size() == 2 && fake.failures.empty())
+            fake.failures[call + 2] = CameraBusy; // the upload's beginning
+    };
+    connect();
+    tick(20);
+    EXPECT_THAT(arrived, ElementsAre(1));
+    EXPECT_THAT(fake.resets, ElementsAre(0, 0, 0)) << "not from the counter on";
+}
+
+TEST_F(CameraLink, movesTheCounterUntilItStandsThere)
+{
+    connect();
+    tick(4);
+    fake.failures[fake.calls + 2] = CameraBusy; // behind the question whether the camera is there
+    fake.afterCall = [&](int) {
+        if (fake.resets.size() == 1)
+            fake.counter = 3; // somebody presses the button
+    };
+    ASSERT_TRUE(link.issue(Camera::SetCounter, 1));
+    settle();
+    fake.afterCall = nullptr;
+    EXPECT_EQ(fake.counter, 1);
+    EXPECT_THAT(fake.resets, ElementsAre(1, 1));
+}
+
 TEST_F(CameraLink, waitsForACameraThatIsBusyEveryOtherTime)
 {
     fake.take(3);
