@@ -7,6 +7,7 @@
 #include "surface_pixels.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kez::player {
 namespace {
@@ -27,6 +28,9 @@ constexpr std::array<Button, deskChoices> buttons { {
 // Where the artwork has its frame and the plate below it.
 constexpr RECT frame { 160, 70, 480, 310 };
 constexpr RECT plate { 202, 322, 438, 346 };
+constexpr DWORD blinkEveryMs = 4700;
+constexpr DWORD blinkMs = 160;
+
 constexpr int margin = 14; // Around a text in the frame.
 
 constexpr std::uint32_t wood = 0xFF8A6A4A;
@@ -97,11 +101,38 @@ void layInFrame(Picture& page, const Picture& picture)
 
 Desk::Desk(const std::string& artwork)
     : backdrop_(readSheet(artwork, "desk.png"))
-    , guideWaits_(readSheet(artwork, "desk_waiting.png"))
-    , guideIsGlad_(readSheet(artwork, "desk_glad.png"))
+    , guideWaits_(readGuide(artwork, "desk_waiting"))
+    , guideIsGlad_(readGuide(artwork, "desk_glad"))
 {
     std::ranges::transform(buttons, lit_.begin(),
         [&](const Button& button) { return readSheet(artwork, button.sheet); });
+}
+
+Desk::Guide Desk::readGuide(const std::string& artwork, const std::string& name)
+{
+    return { readSheet(artwork, name + ".png"), readSheet(artwork, name + "_blink.png") };
+}
+
+const Desk::Guide& Desk::guide() const
+{
+    return handedBack_.picture.empty() ? guideWaits_ : guideIsGlad_;
+}
+
+void Desk::lay(HandedBack handedBack)
+{
+    handedBack_ = std::move(handedBack);
+    since_.reset();
+    blinks_ = false;
+}
+
+bool Desk::passTime(DWORD now)
+{
+    if (guide().shutEyes.empty())
+        return false;
+    if (!since_)
+        since_ = now;
+    const bool blinks = (now - *since_) % blinkEveryMs >= blinkEveryMs - blinkMs;
+    return std::exchange(blinks_, blinks) != blinks;
 }
 
 void Desk::setNotes(const std::string& notes)
@@ -176,7 +207,9 @@ Picture Desk::draw(IDirectDrawSurface& paper) const
 void Desk::drawSheets(Picture& page) const
 {
     overlay(page, backdrop_);
-    overlay(page, handedBack_.picture.empty() ? guideWaits_ : guideIsGlad_);
+    overlay(page, guide().awake);
+    if (blinks_)
+        overlay(page, guide().shutEyes);
     for (std::size_t i = 0; i < deskChoices; ++i) {
         const bool isLit = chosen_ == i;
         if (isLit && !lit_[i].empty())

@@ -29,10 +29,14 @@ public:
     /// Reads the desk's artwork from the directory; what cannot be read is drawn plainly.
     explicit Desk(const std::string& artwork);
 
-    void lay(HandedBack handedBack) { handedBack_ = std::move(handedBack); }
+    void lay(HandedBack handedBack);
 
     /// What is missing, for a grown-up to read: shown in the frame while there is no picture.
     void setNotes(const std::string& notes);
+
+    /// The guide on the desk shuts its eyes for a moment now and then. True when that changes the
+    /// desk.
+    bool passTime(DWORD now);
 
     /// Lights the button under the pointer, if any; true when that changes the desk.
     bool point(int x, int y);
@@ -43,13 +47,22 @@ public:
     [[nodiscard]] Picture draw(IDirectDrawSurface& paper) const;
 
 private:
+    struct Guide {
+        Picture awake;
+        Picture shutEyes; // Over it; may be missing.
+    };
+
+    static Guide readGuide(const std::string& artwork, const std::string& name);
+    [[nodiscard]] const Guide& guide() const;
     void step(int by); // To the next or previous button.
     void drawSheets(Picture& page) const;
     void writeTexts(HDC context) const;
 
     Picture backdrop_;
-    Picture guideWaits_; // With an empty frame; else the next.
-    Picture guideIsGlad_;
+    Guide guideWaits_; // With an empty frame; else the next.
+    Guide guideIsGlad_;
+    std::optional<DWORD> since_; // The desk is as it is now, but for its buttons.
+    bool blinks_ = false;
     std::array<Picture, deskChoices> lit_;
     HandedBack handedBack_;
     std::string notes_;

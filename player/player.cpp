@@ -221,6 +221,7 @@ void Player::pass()
         Sleep(1);
         return;
     }
+    deskIsStale_ |= desk_->passTime(timeGetTime());
     if (deskIsStale_)
         drawDesk();
     Sleep(deskPauseMs);

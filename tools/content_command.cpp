@@ -108,6 +108,7 @@ public:
             for (const char* part : { "data", "audio", "languages" })
                 copyOver(over_ / part, out_ / part);
         copyOver(partOf(folder_, "data"), out_ / "data");
+        leaveOutOurBlinks();
         copySounds();
         makeFolder(out_ / "data");
         const std::string archive = (out_ / archivePath).string();
@@ -184,6 +185,17 @@ private:
                     for (const char* kind : { ".sp5", ".pal", ".alp" })
                         parts.insert(normalisedRecordName(part + kind));
         return parts;
+    }
+
+    // The same of the desk: our guide's eyes would shut on what is another's now.
+    void leaveOutOurBlinks() const
+    {
+        const fs::path own = partOf(folder_, "data");
+        for (const std::string guide : { "desk_waiting", "desk_glad" }) {
+            const std::string blink = guide + "_blink.png";
+            if (fs::exists(own / (guide + ".png")) && !fs::exists(own / blink))
+                fs::remove(out_ / "data" / blink);
+        }
     }
 
     // The artist's records, and those of the complete content whose names they do not have.

@@ -59,6 +59,15 @@ class WorkedExample(unittest.TestCase):
             found = picture.pixel(x, y)
             self.assertLessEqual(max(abs(a - b) for a, b in zip(found, colour)), 12, (x, y, found))
 
+    def test_keeps_our_guide_off_an_own_desk(self):
+        data = self.place / "docs/example-content/data"
+        data.mkdir()
+        shutil.copy(BIN / "data/desk_glad.png", data)
+        made = self.run_line("kez content docs/example-content mine --over build/release/bin")
+        self.assertEqual(made.returncode, 0, made.stderr)
+        found = {file.name for file in (self.place / "mine/data").glob("*_blink.png")}
+        self.assertEqual(found, {"desk_waiting_blink.png"})
+
     def test_refuses_leaving_what_was_there(self):
         own = self.place / "docs/example-content"
         make = "kez content docs/example-content mine --over build/release/bin"
