@@ -10,10 +10,16 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
+# Without a place for its cache, as where HOME cannot be written, ccache would fail each compilation.
 find_program(KEZ_CCACHE ccache)
 if(KEZ_CCACHE)
-    set(CMAKE_C_COMPILER_LAUNCHER ${KEZ_CCACHE})
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${KEZ_CCACHE})
+    file(WRITE ${CMAKE_BINARY_DIR}/probe.cpp "int main() { }\n")
+    execute_process(COMMAND ${KEZ_CCACHE} ${CMAKE_CXX_COMPILER} -c probe.cpp -o probe.o
+        WORKING_DIRECTORY ${CMAKE_BINARY_DIR} RESULT_VARIABLE fails OUTPUT_QUIET ERROR_QUIET)
+    if(NOT fails)
+        set(CMAKE_C_COMPILER_LAUNCHER ${KEZ_CCACHE})
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${KEZ_CCACHE})
+    endif()
 endif()
 
 # -ffp-contract=off: fused products would change the picture arithmetic, which is exact to the bit.
