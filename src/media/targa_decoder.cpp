@@ -85,17 +85,21 @@ String readPlain24(TargaSource& source, const TargaHeader& header, ByteBlock& pi
 
 String readConverted(TargaSource& source, const TargaHeader& header, ByteBlock& pixels)
 {
-    ByteBlock rest;
-    if (String fault = readBlock(source, rest); !fault.empty())
-        return fault;
+    ByteBlock block;
+    std::span<const std::uint8_t> rest = source.inMemory();
+    if (rest.empty()) {
+        if (String fault = readBlock(source, block); !fault.empty())
+            return fault;
+        rest = block.bytes();
+    }
     const std::size_t mapBytes = std::min(header.mapBytes(), rest.size());
     TargaPalette palette;
     if (header.depth <= 8) {
-        String fault = makeTargaPalette(header, rest.bytes().first(mapBytes), palette);
+        String fault = makeTargaPalette(header, rest.first(mapBytes), palette);
         if (!fault.empty())
             return fault;
     }
-    const std::span<const std::uint8_t> stored = rest.bytes().subspan(mapBytes);
+    const std::span<const std::uint8_t> stored = rest.subspan(mapBytes);
     if (stored.size() < leastTargaBytes(header))
         return targaEndsEarly(leastTargaBytes(header), stored.size());
     if (String fault = allocate(header.pixels() * 3 + spareBytes, pixels); !fault.empty())

@@ -19,6 +19,9 @@ public:
     [[nodiscard]] virtual std::uint64_t remaining() const = 0;
     virtual std::size_t read(std::span<std::uint8_t> into) = 0; ///< As much as there is.
     virtual bool skip(std::size_t count) = 0; ///< False when fewer bytes remain.
+
+    /// All that remains, if it lies in memory already; else nothing.
+    [[nodiscard]] virtual std::span<const std::uint8_t> inMemory() const { return {}; }
 };
 
 /// A file in memory; borrows it.
@@ -33,6 +36,8 @@ public:
 
     std::size_t read(std::span<std::uint8_t> into) override;
     bool skip(std::size_t count) override;
+
+    [[nodiscard]] std::span<const std::uint8_t> inMemory() const override { return rest_; }
 
 private:
     std::span<const std::uint8_t> rest_;
