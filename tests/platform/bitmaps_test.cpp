@@ -12,8 +12,6 @@
 namespace {
 
 using namespace kez::test;
-using kez::test::BmpBytes;
-using kez::test::TemporaryFolder;
 
 constexpr UINT fromFile = LR_LOADFROMFILE | LR_CREATEDIBSECTION;
 
