@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-/// The search for packets in rows of three bytes a pixel, as each vector level has it. All give the
-/// same packets. Without inline functions, since sources compiled for one level include this.
+/// The innermost loops for run-length encoded rows of three bytes a pixel, as each vector level has
+/// them. All give the same bytes. Without inline functions, since sources compiled for one level
+/// include this.
 #pragma once
 
 #include <cstddef>
@@ -22,10 +23,23 @@ struct PacketSearch {
     std::uint64_t singleBefore = 0; ///< 1 when it was a run by itself.
 };
 
+/// How far the unpacking of a picture has come: in front of a packet.
+struct PacketUnpacking {
+    const std::uint8_t* in;
+    const std::uint8_t* inEnd;
+    std::uint8_t* out;
+    std::uint8_t* outEnd;
+    unsigned width; ///< Of the rows, in pixels.
+    unsigned column = 0;
+    int row = 0;
+};
+
 struct TargaKernels {
     /// Goes on until the row ends or there is not much room left. Returns how many packets begin
     /// in between; what lies behind them in `starts` means nothing.
     std::size_t (*findPackets)(PacketSearch& search, PacketStart* starts, std::size_t room);
+    /// Goes on as long as that is quick, and stops in front of a packet that does not fit its row.
+    void (*unpack)(PacketUnpacking& unpacking);
 };
 
 extern const TargaKernels plainTargaKernels;

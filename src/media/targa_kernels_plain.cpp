@@ -31,8 +31,11 @@ std::size_t findPackets(PacketSearch& search, PacketStart* starts, std::size_t r
     return count;
 }
 
+// What goes on from here is the rule.
+void unpack(PacketUnpacking&) { }
+
 } // namespace
 
-const TargaKernels plainTargaKernels = { findPackets };
+const TargaKernels plainTargaKernels = { findPackets, unpack };
 
 } // namespace kez

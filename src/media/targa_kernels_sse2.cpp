@@ -22,8 +22,11 @@ struct Sse2Level {
     }
 };
 
+// Nothing at this level is quicker than what goes on from here.
+void unpack(PacketUnpacking&) { }
+
 } // namespace
 
-const TargaKernels sse2TargaKernels = { findPackets<Sse2Level> };
+const TargaKernels sse2TargaKernels = { findPackets<Sse2Level>, unpack };
 
 } // namespace kez

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/targa_pixels.h"
 
+#include "media/targa_levels.h"
+
 #include <array>
 #include <cstring>
 #include <type_traits>
@@ -147,11 +149,16 @@ template <class Pixel>
 String unpack(const Pixel& pixel, const TargaHeader& header, std::span<const std::uint8_t> stored,
     std::span<std::uint8_t> pixels)
 {
-    Target out { pixels.data(), pixels.data() + pixels.size() };
-    const std::uint8_t* in = stored.data();
-    const std::uint8_t* const end = in + stored.size();
-    for (int row = 0; row < header.height; ++row) {
-        for (unsigned column = 0; column < header.width;) {
+    PacketUnpacking at { stored.data(), stored.data() + stored.size(), pixels.data(),
+        pixels.data() + pixels.size(), header.width };
+    if constexpr (std::is_same_v<Pixel, WholeBytes<3>>)
+        targaKernels().unpack(at);
+    Target out { at.out, at.outEnd };
+    const std::uint8_t* in = at.in;
+    const std::uint8_t* const end = at.inEnd;
+    unsigned column = at.column;
+    for (int row = at.row; row < header.height; ++row, column = 0) {
+        while (column < header.width) {
             if (in == end)
                 return targaEndsEarly(stored.size() + 1, stored.size());
             const unsigned control = *in++;

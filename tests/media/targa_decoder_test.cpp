@@ -2,8 +2,12 @@
 #include "media/targa_decoder.h"
 
 #include "media/targa_bytes.h"
+#include "support/vector_levels.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
 
 using namespace kez;
 using namespace kez::test;
@@ -273,6 +277,39 @@ TEST(TargaDecoder, refusesEveryTruncation)
     Bytes longIdentification = noRoom;
     longIdentification[0] = 200;
     EXPECT_EQ(decode(longIdentification).fault, "Could not seek past Image Identification Field");
+}
+
+TEST(TargaDecoder, unpacksAlikeAtEveryVectorLevelWhateverTheFileHolds)
+{
+    std::mt19937 random(20261123);
+    const Bytes whole = [&] {
+        TargaBytesOf file { header(10, 24, 150, 40) };
+        for (int row = 0; row < 40; ++row)
+            for (unsigned left = 150; left != 0;) {
+                const unsigned most = std::min(left, random() % 4 == 0 ? 128u : 9u);
+                const auto count = 1 + static_cast<unsigned>(random()) % most;
+                const bool isRun = random() % 2 == 0;
+                file.pixels.push_back(static_cast<std::uint8_t>((count - 1) | (isRun ? 0x80 : 0)));
+                for (unsigned i = 0; i < (isRun ? 3 : 3 * count); ++i)
+                    file.pixels.push_back(static_cast<std::uint8_t>(random()));
+                left -= count;
+            }
+        return file.file();
+    }();
+    for (int round = 0; round < 400; ++round) {
+        // The first is left as it is; of the others a packet or two run past their rows.
+        Bytes file = whole;
+        if (round > 0)
+            file[18 + random() % (file.size() - 18)] ^= static_cast<std::uint8_t>(random());
+        limitVectorLevel(VectorLevel::Plain);
+        const Decoded expected = decode(file);
+        ASSERT_TRUE(round > 0 || expected.fault.empty());
+        atEachVectorLevel([&] {
+            const Decoded decoded = decode(file);
+            EXPECT_EQ(decoded.fault, expected.fault) << round;
+            EXPECT_TRUE(decoded.pixels == expected.pixels) << round;
+        });
+    }
 }
 
 TEST(TargaDecoder, doesNotAllocateForAPictureThatTheFileCannotHold)
