@@ -56,11 +56,14 @@ need() {
         "${missing[@]}" >/dev/null
 }
 
-# configure_and_build PRESET [target...]: incremental; the first time it also configures.
+# configure_and_build PRESET [target...]: incremental; the first time, and where the folder has been
+# moved or copied since, it also configures.
 configure_and_build() {
-    local preset=$1
+    local preset=$1 cache=build/$1/CMakeCache.txt home=
     shift
-    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >"build/$preset.log" 2>&1 || {
+    [ ! -f "$cache" ] || home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
+    { [ -f "build/$preset/build.ninja" ] && [ "$home" -ef . ]; } ||
+        cmake --fresh --preset "$preset" >"build/$preset.log" 2>&1 || {
         cat "build/$preset.log" >&2
         return 1
     }
