@@ -106,7 +106,7 @@ TEST(Files, thatTheSystemCutsShortAreNotPutInPlace)
     const rlimit small { 3, limit.rlim_max };
     ::setrlimit(RLIMIT_FSIZE, &small);
     const bool fits = write(folder / "a", bytesOf("new"));
-    const bool isTooLong = !write(folder / "a", bytesOf("newer"));
+    const bool isTooLong = !write(folder / "a", bytesOf("longer"));
     const DWORD error = GetLastError();
     ::setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, ignored);
