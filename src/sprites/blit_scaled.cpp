@@ -137,8 +137,8 @@ private:
                 blendPlaneSpan(to + span.first, colours, mappedRow.opacities.data() + span.first,
                     span.count, ZeroOpacity::Blends);
             else
-                blendSpan(to + span.first, reinterpret_cast<const std::uint8_t*>(colours),
-                    span.count, ZeroOpacity::Blends);
+                blendSpan(
+                    to + span.first, reinterpret_cast<const std::uint8_t*>(colours), span.count);
         }
     }
 

@@ -32,9 +32,6 @@ private:
 
     static void drawWholeRows(const BlitSource& source, const BlitTarget& target, RowCursor at)
     {
-        // Rows as wide as the canvas are one long row.
-        if (!Rows::skips && target.columns == target.rowPixels)
-            return Writer::write(target.pixels, at, source.palette, target.columns * target.rows);
         for (int y = 0; y < target.rows; ++y) {
             std::uint32_t* const to = target.row(y);
             row(at, source.width, [&](int column, int count, const RowCursor& run) {
@@ -61,6 +58,33 @@ private:
     }
 };
 
+// Raw pixels of 32 bits lie as those of the canvas do.
+PixelBlock blockOf(const BlitSource& source, const BlitTarget& target)
+{
+    const std::ptrdiff_t first = std::ptrdiff_t { source.width } * target.clipTop + target.clipLeft;
+    PixelBlock block { .to = target.pixels,
+        .toRowPixels = target.rowPixels,
+        .from = source.start.pixels + 4 * first,
+        .fromRowBytes = std::ptrdiff_t { 4 } * source.width,
+        .columns = static_cast<std::size_t>(target.columns),
+        .rows = static_cast<std::size_t>(target.rows) };
+    if (target.columns == source.width && target.columns == target.rowPixels) {
+        block.columns *= block.rows; // rows as wide as the canvas are one long row
+        block.rows = 1;
+    }
+    return block;
+}
+
+void copyRaw(const BlitSource& source, const BlitTarget& target)
+{
+    copyBlock(blockOf(source, target));
+}
+
+void blendRaw(const BlitSource& source, const BlitTarget& target)
+{
+    blendBlock(blockOf(source, target));
+}
+
 using Blitter = void (*)(const BlitSource&, const BlitTarget&);
 
 template <class Rows, class Format, ZeroOpacity zeroOpacity>
@@ -68,6 +92,10 @@ constexpr Blitter opaqueOrBlended[] = {
     Unscaled<Rows, Opaque<Format>>::draw,
     Unscaled<Rows, Blended<Format, zeroOpacity>>::draw,
 };
+
+template <>
+constexpr Blitter opaqueOrBlended<RawRows, TrueColour, ZeroOpacity::Keeps>[]
+    = { copyRaw, blendRaw };
 
 template <class Rows, ZeroOpacity zeroOpacity>
 constexpr const Blitter* ofFormats[] = {

@@ -45,8 +45,8 @@ struct Indexed {
         paletteSpan(to, from.pixels, palette, static_cast<std::size_t>(n));
     }
 
-    static void blend(std::uint32_t* to, const RowCursor& from, const std::uint8_t* palette, int n,
-        ZeroOpacity zeroOpacity)
+    template <ZeroOpacity zeroOpacity>
+    static void blend(std::uint32_t* to, const RowCursor& from, const std::uint8_t* palette, int n)
     {
         blendPaletteSpan(
             to, from.pixels, from.plane, palette, static_cast<std::size_t>(n), zeroOpacity);
@@ -73,8 +73,8 @@ struct Rgb565 {
         rgb565Span(to, from.pixels, static_cast<std::size_t>(n));
     }
 
-    static void blend(std::uint32_t* to, const RowCursor& from, const std::uint8_t*, int n,
-        ZeroOpacity zeroOpacity)
+    template <ZeroOpacity zeroOpacity>
+    static void blend(std::uint32_t* to, const RowCursor& from, const std::uint8_t*, int n)
     {
         blend565Span(to, from.pixels, from.plane, static_cast<std::size_t>(n), zeroOpacity);
     }
@@ -95,10 +95,11 @@ struct TrueColour {
         copySpan(to, from.pixels, static_cast<std::size_t>(n));
     }
 
-    static void blend(std::uint32_t* to, const RowCursor& from, const std::uint8_t*, int n,
-        ZeroOpacity zeroOpacity)
+    template <ZeroOpacity zeroOpacity>
+    static void blend(std::uint32_t* to, const RowCursor& from, const std::uint8_t*, int n)
     {
-        blendSpan(to, from.pixels, static_cast<std::size_t>(n), zeroOpacity);
+        static_assert(zeroOpacity == ZeroOpacity::Blends, "raw ones are drawn as blocks");
+        blendSpan(to, from.pixels, static_cast<std::size_t>(n));
     }
 };
 
@@ -120,7 +121,7 @@ struct Blended {
 
     static void write(std::uint32_t* to, const RowCursor& from, const std::uint8_t* palette, int n)
     {
-        Format::blend(to, from, palette, n, zeroOpacity);
+        Format::template blend<zeroOpacity>(to, from, palette, n);
     }
 };
 

@@ -10,6 +10,17 @@ namespace kez {
 
 enum class ZeroOpacity { Blends, Keeps };
 
+/// Rows of stored pixels, and where they go on the canvas. Kernels take it by value: of another's,
+/// every store of pixels might change what they read again for the next row.
+struct PixelBlock {
+    std::uint32_t* to;
+    std::ptrdiff_t toRowPixels; ///< From one row to the next.
+    const std::uint8_t* from;
+    std::ptrdiff_t fromRowBytes;
+    std::size_t columns;
+    std::size_t rows;
+};
+
 /// Where the pixels of a picture lie that is to be turned: source pixel (x, y) at
 /// `from + y × fromRowBytes + 4 × x`, its place at `to + x × toColumnPixels + y`.
 struct QuarterTurn {
@@ -29,15 +40,13 @@ struct PickedColumns {
     std::int32_t runLength;
 };
 
-/// The shortest span that `SpanKernels::copy` takes.
-constexpr std::size_t leastCopied = 64;
-
 struct SpanKernels {
-    void (*copy)(std::uint32_t* to, const std::uint8_t* from, std::size_t count);
+    void (*copyBlock)(PixelBlock block);
+    void (*blendBlock)(PixelBlock block); // opacity 0 keeps
+    void (*blend)(std::uint32_t* to, const std::uint8_t* from, std::size_t count); // 0 blends
     void (*palette)(std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette,
         std::size_t count);
     // By ZeroOpacity:
-    void (*blend[2])(std::uint32_t* to, const std::uint8_t* from, std::size_t count);
     void (*blendPlane[2])(std::uint32_t* to, const std::uint32_t* colours,
         const std::uint8_t* plane, std::size_t count);
     void (*blendPalette[2])(std::uint32_t* to, const std::uint8_t* indices,

@@ -44,11 +44,21 @@ inline void paletteSpan(
 
 void rgb565Span(std::uint32_t* to, const std::uint8_t* from, std::size_t count);
 
-/// Blends pixels by their own alpha bytes.
-inline void blendSpan(
-    std::uint32_t* to, const std::uint8_t* from, std::size_t count, ZeroOpacity zeroOpacity)
+/// Blends pixels by their own alpha bytes, opacity 0 included in the formula.
+inline void blendSpan(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
-    spanKernels().blend[static_cast<std::size_t>(zeroOpacity)](to, from, count);
+    spanKernels().blend(to, from, count);
+}
+
+inline void copyBlock(PixelBlock block)
+{
+    spanKernels().copyBlock(block);
+}
+
+/// Blends pixels by their own alpha bytes; opacity 0 keeps the canvas as it is.
+inline void blendBlock(PixelBlock block)
+{
+    spanKernels().blendBlock(block);
 }
 
 /// Blends opaque colours by the opacities of a plane.
@@ -103,8 +113,9 @@ inline void turnSquares(const QuarterTurn& turn)
 inline void copySpan(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
     constexpr std::size_t step = 8;
-    if (count >= leastCopied) {
-        spanKernels().copy(to, from, count);
+    constexpr std::size_t longRun = 64;
+    if (count >= longRun) {
+        copyBlock({ to, 0, from, 0, count, 1 });
     } else if (count >= step) {
         for (std::size_t i = 0; i + step < count; i += step)
             std::memcpy(to + i, from + 4 * i, 4 * step);

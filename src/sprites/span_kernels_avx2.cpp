@@ -6,10 +6,10 @@
 namespace kez {
 
 const SpanKernels avx2SpanKernels = {
-    .copy = copyVectors<Avx2Vectors>,
+    .copyBlock = copyBlockVectors<Avx2Vectors>,
+    .blendBlock = blendBlockVectors<Avx2Vectors>,
+    .blend = blendVectors<Avx2Vectors, ZeroOpacity::Blends>,
     .palette = paletteVectors<Avx2Vectors>,
-    .blend = { blendVectors<Avx2Vectors, ZeroOpacity::Blends>,
-        blendVectors<Avx2Vectors, ZeroOpacity::Keeps> },
     .blendPlane = { blendPlaneVectors<Avx2Vectors, ZeroOpacity::Blends>,
         blendPlaneVectors<Avx2Vectors, ZeroOpacity::Keeps> },
     .blendPalette = { blendPaletteVectors<Avx2Vectors, ZeroOpacity::Blends>,

@@ -6,10 +6,10 @@
 namespace kez {
 
 const SpanKernels avx512SpanKernels = {
-    .copy = copyVectors<Avx512Vectors>,
+    .copyBlock = copyBlockVectors<Avx512Vectors>,
+    .blendBlock = blendBlockVectors<Avx512Vectors>,
+    .blend = blendVectors<Avx512Vectors, ZeroOpacity::Blends>,
     .palette = paletteVectors<Avx512Vectors>,
-    .blend = { blendVectors<Avx512Vectors, ZeroOpacity::Blends>,
-        blendVectors<Avx512Vectors, ZeroOpacity::Keeps> },
     .blendPlane = { blendPlaneVectors<Avx512Vectors, ZeroOpacity::Blends>,
         blendPlaneVectors<Avx512Vectors, ZeroOpacity::Keeps> },
     .blendPalette = { blendPaletteVectors<Avx512Vectors, ZeroOpacity::Blends>,

@@ -32,12 +32,6 @@ std::uint32_t entry(const std::uint8_t* palette, std::uint8_t index)
     return loadWord(palette + std::size_t { 4 } * index);
 }
 
-void copy(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        to[i] = loadWord(from + 4 * i);
-}
-
 void palette(
     std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette, std::size_t count)
 {
@@ -45,12 +39,34 @@ void palette(
         to[i] = entry(palette, indices[i]);
 }
 
-template <ZeroOpacity zeroOpacity>
+void forEachPixel(PixelBlock block, auto&& rule)
+{
+    for (std::size_t y = 0; y < block.rows; ++y) {
+        std::uint32_t* const to = block.to + static_cast<std::ptrdiff_t>(y) * block.toRowPixels;
+        const std::uint8_t* const from
+            = block.from + static_cast<std::ptrdiff_t>(y) * block.fromRowBytes;
+        for (std::size_t x = 0; x < block.columns; ++x)
+            rule(to[x], loadWord(from + 4 * x));
+    }
+}
+
+void copyBlock(PixelBlock block)
+{
+    forEachPixel(block, [](std::uint32_t& canvas, std::uint32_t colour) { canvas = colour; });
+}
+
+void blendBlock(PixelBlock block)
+{
+    forEachPixel(block, [](std::uint32_t& canvas, std::uint32_t colour) {
+        blendPixel<ZeroOpacity::Keeps>(canvas, colour, colour >> 24);
+    });
+}
+
 void blend(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i) {
         const std::uint32_t colour = loadWord(from + 4 * i);
-        blendPixel<zeroOpacity>(to[i], colour, colour >> 24);
+        blendPixel<ZeroOpacity::Blends>(to[i], colour, colour >> 24);
     }
 }
 
@@ -109,9 +125,10 @@ void quarterTurn(const QuarterTurn& turn)
 } // namespace
 
 const SpanKernels plainSpanKernels = {
-    .copy = copy,
+    .copyBlock = copyBlock,
+    .blendBlock = blendBlock,
+    .blend = blend,
     .palette = palette,
-    .blend = { blend<ZeroOpacity::Blends>, blend<ZeroOpacity::Keeps> },
     .blendPlane = { blendPlane<ZeroOpacity::Blends>, blendPlane<ZeroOpacity::Keeps> },
     .blendPalette = { blendPalette<ZeroOpacity::Blends>, blendPalette<ZeroOpacity::Keeps> },
     .fill = fill,

@@ -6,10 +6,10 @@
 namespace kez {
 
 const SpanKernels sse2SpanKernels = {
-    .copy = copyVectors<Sse2Vectors>,
+    .copyBlock = copyBlockVectors<Sse2Vectors>,
+    .blendBlock = blendBlockVectors<Sse2Vectors>,
+    .blend = blendVectors<Sse2Vectors, ZeroOpacity::Blends>,
     .palette = paletteVectors<Sse2Vectors>,
-    .blend = { blendVectors<Sse2Vectors, ZeroOpacity::Blends>,
-        blendVectors<Sse2Vectors, ZeroOpacity::Keeps> },
     .blendPlane = { blendPlaneVectors<Sse2Vectors, ZeroOpacity::Blends>,
         blendPlaneVectors<Sse2Vectors, ZeroOpacity::Keeps> },
     .blendPalette = { blendPaletteVectors<Sse2Vectors, ZeroOpacity::Blends>,

@@ -64,8 +64,10 @@ void blendPart(
     V::storePart(to, mixed, count);
 }
 
+// Rows of a block are inlined: what is set up for one serves them all.
 template <class V, ZeroOpacity zeroOpacity>
-void blendVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+[[gnu::always_inline]] inline void blendVectors(
+    std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
     std::size_t i = 0;
     for (; i + V::lanes <= count; i += V::lanes) {
@@ -83,9 +85,11 @@ constexpr std::size_t leastFetchedAhead = 1024;
 
 /// The last step overlaps the one before it.
 template <class V>
-void copyVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
+[[gnu::always_inline]] inline void copyVectors(
+    std::uint32_t* to, const std::uint8_t* from, std::size_t count)
 {
-    static_assert(leastCopied >= V::lanes);
+    if (count < V::lanes)
+        return V::storePart(to, V::loadPart(from, count), count);
     constexpr std::size_t linePixels = 16;
     std::size_t i = 0;
     for (; i + leastFetchedAhead < count; i += linePixels) {
@@ -97,6 +101,23 @@ void copyVectors(std::uint32_t* to, const std::uint8_t* from, std::size_t count)
     for (; i + V::lanes < count; i += V::lanes)
         V::store(to + i, V::load(from + 4 * i));
     V::store(to + count - V::lanes, V::load(from + 4 * (count - V::lanes)));
+}
+
+template <class V>
+void copyBlockVectors(PixelBlock block)
+{
+    for (std::size_t y = 0; y < block.rows; ++y)
+        copyVectors<V>(block.to + static_cast<std::ptrdiff_t>(y) * block.toRowPixels,
+            block.from + static_cast<std::ptrdiff_t>(y) * block.fromRowBytes, block.columns);
+}
+
+template <class V>
+void blendBlockVectors(PixelBlock block)
+{
+    for (std::size_t y = 0; y < block.rows; ++y)
+        blendVectors<V, ZeroOpacity::Keeps>(
+            block.to + static_cast<std::ptrdiff_t>(y) * block.toRowPixels,
+            block.from + static_cast<std::ptrdiff_t>(y) * block.fromRowBytes, block.columns);
 }
 
 /// The last bytes of a span, as many as a vector has lanes.

@@ -101,6 +101,14 @@ const std::uint8_t* pixelsOf(const Sources& sources, std::size_t count)
     return sources.pixels.data() + sources.pixels.size() - 4 * count;
 }
 
+// Two rows, with a gap between them on the canvas.
+PixelBlock blockOf(std::uint32_t* to, const Sources& from, std::size_t count)
+{
+    const std::size_t columns = count / 2;
+    return { to, static_cast<std::ptrdiff_t>(columns + 1), pixelsOf(from, count),
+        static_cast<std::ptrdiff_t>(4 * columns), columns, 2 };
+}
+
 std::vector<Kernel> allKernels()
 {
     std::vector<Kernel> kernels = {
@@ -108,10 +116,16 @@ std::vector<Kernel> allKernels()
             [](auto& k, auto* to, auto& from, auto n) {
                 // Short spans never reach the kernels.
                 if (&k == &plainSpanKernels)
-                    k.copy(to, pixelsOf(from, n), n);
+                    k.copyBlock({ to, 0, pixelsOf(from, n), 0, n, 1 });
                 else
                     copySpan(to, pixelsOf(from, n), n);
             } },
+        { "copy block",
+            [](auto& k, auto* to, auto& from, auto n) { k.copyBlock(blockOf(to, from, n)); } },
+        { "blend block",
+            [](auto& k, auto* to, auto& from, auto n) { k.blendBlock(blockOf(to, from, n)); } },
+        { "blend",
+            [](auto& k, auto* to, auto& from, auto n) { k.blend(to, pixelsOf(from, n), n); } },
         { "palette",
             [](auto& k, auto* to, auto& from, auto n) {
                 k.palette(to, from.indices.data(), from.palette.data(), n);
@@ -129,9 +143,6 @@ std::vector<Kernel> allKernels()
             [](auto& k, auto* to, auto& from, auto n) { k.reverse(to, pixelsOf(from, n), n); } },
     };
     for (const std::size_t zero : { 0u, 1u }) {
-        kernels.push_back({ "blend", [zero](auto& k, auto* to, auto& from, auto n) {
-                               k.blend[zero](to, pixelsOf(from, n), n);
-                           } });
         kernels.push_back({ "blend plane", [zero](auto& k, auto* to, auto& from, auto n) {
                                k.blendPlane[zero](to, from.colours.data(), from.plane.data(), n);
                            } });
@@ -219,8 +230,8 @@ TEST(SpanKernels, blendEveryByteExactly)
         }
         atEachVectorLevel([&] {
             Words drawn = canvas;
-            blendSpan(drawn.data(), reinterpret_cast<const std::uint8_t*>(colours.data()),
-                drawn.size(), ZeroOpacity::Blends);
+            blendSpan(
+                drawn.data(), reinterpret_cast<const std::uint8_t*>(colours.data()), drawn.size());
             ASSERT_EQ(drawn, expected) << "opacity " << opacity;
         });
     }
