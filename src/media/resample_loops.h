@@ -59,7 +59,7 @@ void doubleInSteps(auto&& step, std::uint8_t* to, const std::uint8_t* upper,
     at(count - stepPixels);
 }
 
-// No value in single precision is off by more than seven halves of the last bit of 255, 7 / 2¹⁷.
+// No value in single precision is off by more than eight roundings at 255, 8 / 2¹⁷ or 0.00006.
 constexpr float doubt = 0.0001f;
 
 // The values are `doubt` above what they stand for. A level stores the bytes of a group and tells
