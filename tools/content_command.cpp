@@ -6,6 +6,7 @@
 #include "archive_packer.h"
 #include "archive_writer.h"
 #include "commands.h"
+#include "counted.h"
 #include "platform/files.h"
 #include "sound_encoding.h"
 
@@ -113,9 +114,9 @@ public:
         makeFolder(out_ / "data");
         const std::string archive = (out_ / archivePath).string();
         const ArchiveSize size = writeArchive(archive, records, ArchiveForm::Compressed);
-        std::printf("%s: %zu %s of %s, %zu records, %zu bytes\n", archive.c_str(), packed.items,
-            packed.items == 1 ? "picture" : "pictures", folder_.string().c_str(), records.size(),
-            size.file);
+        std::printf("%s: %s of %s, %s, %zu bytes\n", archive.c_str(),
+            counted(packed.items, "picture").c_str(), folder_.string().c_str(),
+            counted(records.size(), "record").c_str(), size.file);
     }
 
 private:

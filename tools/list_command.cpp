@@ -3,6 +3,7 @@
 #include "archive_listing.h"
 #include "commands.h"
 #include "core/little_endian.h"
+#include "counted.h"
 #include "sprites/sprite_record.h"
 
 #include <CLI/CLI.hpp>
@@ -58,7 +59,8 @@ void list(const std::string& path)
     std::printf("%-24s %-16s %8s\n", "name", "type", "bytes");
     for (const ArchiveRecord& record : archive.list.records)
         printRecord(record);
-    std::printf("%zu records, %zu bytes\n", archive.list.records.size(), archive.block.size());
+    std::printf("%s, %zu bytes\n", counted(archive.list.records.size(), "record").c_str(),
+        archive.block.size());
     if (!archive.list.fault.empty())
         throw UserError(path + ": " + archive.list.fault);
 }

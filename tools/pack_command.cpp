@@ -3,6 +3,7 @@
 #include "archive_packer.h"
 #include "archive_writer.h"
 #include "commands.h"
+#include "counted.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,8 +28,9 @@ void pack(const PackOptions& options)
         options.archive, packed.records, options.raw ? ArchiveForm::Raw : ArchiveForm::Compressed);
     for (const std::string& remark : packed.remarks)
         std::printf("%s\n", remark.c_str());
-    std::printf("%s: %zu items, %zu records, %zu bytes (%zu unpacked)\n", options.archive.c_str(),
-        packed.items, packed.records.size(), size.file, size.unpacked);
+    std::printf("%s: %s, %s, %zu bytes (%zu unpacked)\n", options.archive.c_str(),
+        counted(packed.items, "item").c_str(), counted(packed.records.size(), "record").c_str(),
+        size.file, size.unpacked);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "archive_listing.h"
 #include "archive_packer.h"
 #include "commands.h"
+#include "counted.h"
 #include "manifest.h"
 #include "platform/files.h"
 #include "png_file.h"
@@ -196,7 +197,8 @@ void unpack(const UnpackOptions& options)
     if (!files::write(scratch.path() + "/" + manifestName, { bytes, text.size() }))
         throw UserError(manifest + ": the file cannot be written");
     scratch.commit();
-    std::printf("%s: %zu records\n", options.folder.c_str(), archive.list.records.size());
+    std::printf(
+        "%s: %s\n", options.folder.c_str(), counted(archive.list.records.size(), "record").c_str());
 }
 
 } // namespace

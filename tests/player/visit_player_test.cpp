@@ -111,7 +111,7 @@ TEST(VisitPlayer, waitsForPicturesAMinuteAtMost)
     EXPECT_EQ(playOut(diary, visit, 10'000), VisitState::Failed);
     EXPECT_EQ(diary.time - 0xFFFFFF00, 60'020u);
     EXPECT_EQ(visit.line(), 2);
-    EXPECT_EQ(visit.complaint(), "waited a minute for 2 pictures, but 1 have come");
+    EXPECT_EQ(visit.complaint(), "waited a minute for 2 pictures, but so many have come: 1");
 }
 
 TEST(VisitPlayer, goesOnWhenTheActivityEnds)
