@@ -86,8 +86,8 @@ bool VisitPlayer::advance(const Step& step)
         return demand(host_.keepShot(step.text), step.text + " cannot be written");
     case StepKind::UntilPictures:
         return waitFor(host_.picturesArrived() >= step.number,
-            std::to_string(step.number) + " pictures, but so many have come: "
-                + std::to_string(host_.picturesArrived()));
+            std::to_string(step.number)
+                + " pictures, but so many have come: " + std::to_string(host_.picturesArrived()));
     case StepKind::UntilExit:
         return waitFor(!host_.runs(), "the end of the activity, which goes on");
     case StepKind::Quit:
