@@ -200,7 +200,7 @@ TEST_F(CameraLinkToTheDriver, comesThroughTheFailureOfAnyCall)
             begin(2);
             atCall(moment, [failure] { return failure; });
             connect();
-            tick(60);
+            tick(30);
             ASSERT_EQ(arrived, upTo(2)) << std::hex << failure << " in call " << std::dec << moment;
         }
 }

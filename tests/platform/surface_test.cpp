@@ -48,6 +48,24 @@ TEST_F(Surfaces, refusesDescriptionsThatAreNoSurface)
         makeSurface(3, 3, format, DDERR_INVALIDPIXELFORMAT);
 }
 
+TEST_F(Surfaces, needALevelAndDescriptionsThatSayTheirSize)
+{
+    IDirectDraw* other = nullptr;
+    ASSERT_EQ(DirectDrawCreate(nullptr, &other, nullptr), DD_OK);
+    IDirectDrawSurface* surface = nullptr;
+    EXPECT_EQ(kez::test::makeSurface(*other, format32, 3, 3, surface), DDERR_NOCOOPERATIVELEVELSET);
+    other->Release();
+    DDSURFACEDESC description {};
+    EXPECT_EQ(directDraw->CreateSurface(&description, &surface, nullptr), DDERR_INVALIDPARAMS);
+    surface = makeSurface(3, 3, format32);
+    EXPECT_EQ(surface->Lock(nullptr, &description, 0, nullptr), DDERR_INVALIDPARAMS);
+    EXPECT_EQ(surface->GetSurfaceDesc(&description), DDERR_INVALIDPARAMS);
+    EXPECT_EQ(surface->GetPixelFormat(&description.ddpfPixelFormat), DDERR_INVALIDPARAMS);
+    surface->Release();
+    EXPECT_EQ(directDraw->SetDisplayMode(640, 480, 8), DDERR_INVALIDMODE);
+    EXPECT_EQ(directDraw->SetCooperativeLevel(nullptr, DDSCL_EXCLUSIVE), DDERR_INVALIDPARAMS);
+}
+
 TEST_F(Surfaces, areOpenInOneWayAtATime)
 {
     IDirectDrawSurface* surface = makeSurface(5, 3, format32);
