@@ -135,11 +135,12 @@ void addSize(const Size& size)
         freeJpegPixels();
     });
     add("jpeg/read_" + name + "/library", [path] { decodeByLibrary(path); });
-    add("jpeg/turn_" + name + "/kez", [pixels, size] {
+    // A copy of its own, for it is turned in place.
+    const auto target = std::make_shared<Bytes>(*pixels);
+    add("jpeg/turn_" + name + "/kez", [target, size] {
         Size turned = size;
-        turnUpright(pixels->data(), turned.width, turned.height, 6);
+        turnUpright(target->data(), turned.width, turned.height, 6);
     });
-    const auto target = std::make_shared<Bytes>(pixels->size());
     add("jpeg/turn_" + name + "/OpenCV", [pixels, target, size] {
         turnByOpenCv(pixels->data(), { size.width, size.height }, target->data());
     });
