@@ -10,8 +10,7 @@ namespace kez {
 
 enum class ZeroOpacity { Blends, Keeps };
 
-/// Rows of stored pixels, and where they go on the canvas. Kernels take it by value: of another's,
-/// every store of pixels might change what they read again for the next row.
+/// Rows of stored pixels, and where they go on the canvas.
 struct PixelBlock {
     std::uint32_t* to;
     std::ptrdiff_t toRowPixels; ///< From one row to the next.
@@ -41,8 +40,8 @@ struct PickedColumns {
 };
 
 struct SpanKernels {
-    void (*copyBlock)(PixelBlock block);
-    void (*blendBlock)(PixelBlock block); // opacity 0 keeps
+    void (*copyBlock)(const PixelBlock& block);
+    void (*blendBlock)(const PixelBlock& block); // opacity 0 keeps
     void (*blend)(std::uint32_t* to, const std::uint8_t* from, std::size_t count); // 0 blends
     void (*palette)(std::uint32_t* to, const std::uint8_t* indices, const std::uint8_t* palette,
         std::size_t count);

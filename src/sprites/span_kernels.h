@@ -50,13 +50,13 @@ inline void blendSpan(std::uint32_t* to, const std::uint8_t* from, std::size_t c
     spanKernels().blend(to, from, count);
 }
 
-inline void copyBlock(PixelBlock block)
+inline void copyBlock(const PixelBlock& block)
 {
     spanKernels().copyBlock(block);
 }
 
 /// Blends pixels by their own alpha bytes; opacity 0 keeps the canvas as it is.
-inline void blendBlock(PixelBlock block)
+inline void blendBlock(const PixelBlock& block)
 {
     spanKernels().blendBlock(block);
 }

@@ -39,7 +39,7 @@ void palette(
         to[i] = entry(palette, indices[i]);
 }
 
-void forEachPixel(PixelBlock block, auto&& rule)
+void forEachPixel(const PixelBlock& block, auto&& rule)
 {
     for (std::size_t y = 0; y < block.rows; ++y) {
         std::uint32_t* const to = block.to + static_cast<std::ptrdiff_t>(y) * block.toRowPixels;
@@ -50,12 +50,12 @@ void forEachPixel(PixelBlock block, auto&& rule)
     }
 }
 
-void copyBlock(PixelBlock block)
+void copyBlock(const PixelBlock& block)
 {
     forEachPixel(block, [](std::uint32_t& canvas, std::uint32_t colour) { canvas = colour; });
 }
 
-void blendBlock(PixelBlock block)
+void blendBlock(const PixelBlock& block)
 {
     forEachPixel(block, [](std::uint32_t& canvas, std::uint32_t colour) {
         blendPixel<ZeroOpacity::Keeps>(canvas, colour, colour >> 24);

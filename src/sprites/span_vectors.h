@@ -103,21 +103,32 @@ template <class V>
     V::store(to + count - V::lanes, V::load(from + 4 * (count - V::lanes)));
 }
 
-template <class V>
-void copyBlockVectors(PixelBlock block)
+/// What the block says is read once: for all the compiler knows, a store of pixels may change it.
+template <class Row>
+[[gnu::always_inline]] inline void forEachRow(const PixelBlock& block, const Row& row)
 {
-    for (std::size_t y = 0; y < block.rows; ++y)
-        copyVectors<V>(block.to + static_cast<std::ptrdiff_t>(y) * block.toRowPixels,
-            block.from + static_cast<std::ptrdiff_t>(y) * block.fromRowBytes, block.columns);
+    const std::ptrdiff_t toRowPixels = block.toRowPixels;
+    const std::ptrdiff_t fromRowBytes = block.fromRowBytes;
+    const std::size_t columns = block.columns;
+    std::uint32_t* to = block.to;
+    const std::uint8_t* from = block.from;
+    for (std::size_t rows = block.rows; rows != 0; --rows) {
+        row(to, from, columns);
+        to += toRowPixels;
+        from += fromRowBytes;
+    }
 }
 
 template <class V>
-void blendBlockVectors(PixelBlock block)
+void copyBlockVectors(const PixelBlock& block)
 {
-    for (std::size_t y = 0; y < block.rows; ++y)
-        blendVectors<V, ZeroOpacity::Keeps>(
-            block.to + static_cast<std::ptrdiff_t>(y) * block.toRowPixels,
-            block.from + static_cast<std::ptrdiff_t>(y) * block.fromRowBytes, block.columns);
+    forEachRow(block, copyVectors<V>);
+}
+
+template <class V>
+void blendBlockVectors(const PixelBlock& block)
+{
+    forEachRow(block, blendVectors<V, ZeroOpacity::Keeps>);
 }
 
 /// The last bytes of a span, as many as a vector has lanes.
