@@ -4,6 +4,7 @@
 #include "start_checks.h"
 
 #include "media/sound_record.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -67,7 +68,7 @@ Finding examineData(const std::string& data)
 Finding examineSpace(const std::string& data, int budget)
 {
     std::error_code error;
-    const std::uintmax_t room = std::filesystem::space(data, error).available;
+    const std::uintmax_t room = std::filesystem::space(desktop::pathOf(data), error).available;
     if (error)
         return { "space", false,
             "The free space for " + data + " cannot be told: " + error.message()
@@ -86,7 +87,8 @@ Finding examineCopies(const std::string& pictures)
     if (pictures.empty())
         return { "exports", true, "Exports stay in the folder export of the pictures." };
     std::error_code ignored;
-    const bool usable = !std::filesystem::exists(pictures, ignored) || dataNote(pictures).empty();
+    const bool usable = !std::filesystem::exists(desktop::pathOf(pictures), ignored)
+        || dataNote(pictures).empty();
     return { "exports", usable,
         usable
             ? "Exports are also copied to " + pictures + "."

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "export_copies.h"
 
+#include "platform/desktop.h"
 #include "platform/files.h"
 
+#include <algorithm>
 #include <random>
 #include <utility>
 
@@ -21,10 +23,10 @@ std::string joined(const std::string& folder, const std::string& name)
 // "Image  1.JPG" as it is, then "Image  1 (2).JPG" and so on.
 std::string nameOfCopy(const std::string& name, int number)
 {
-    const fs::path path(name);
-    return number == 1
-        ? name
-        : path.stem().string() + " (" + std::to_string(number) + ")" + path.extension().string();
+    if (number == 1)
+        return name;
+    const std::size_t dot = std::min(name.rfind('.'), name.size());
+    return name.substr(0, dot) + " (" + std::to_string(number) + ")" + name.substr(dot);
 }
 
 enum class Outcome { Copied, WasThere, Failed };
@@ -104,7 +106,7 @@ std::string ExportCopies::runEnds() const
         if (old != before_.end() && old->second == stamp)
             continue;
         std::error_code ignored; // the copy tells
-        fs::create_directories(to_, ignored);
+        fs::create_directories(desktop::pathOf(to_), ignored);
         const auto bytes = files::read(joined(from_, name));
         const Outcome outcome = bytes ? copyTo(to_, name, *bytes) : Outcome::Failed;
         if (outcome != Outcome::WasThere)
@@ -123,7 +125,7 @@ ExportCopies::Stamps ExportCopies::stamps() const
 {
     Stamps result;
     for (const files::Entry& entry : files::list(from_)) {
-        const fs::path file = files::nativePath(joined(from_, entry.name));
+        const fs::path file = desktop::pathOf(files::nativePath(joined(from_, entry.name)));
         std::error_code error;
         const Stamp stamp { fs::file_size(file, error), fs::last_write_time(file, error) };
         if (!error)

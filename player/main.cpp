@@ -24,7 +24,8 @@ std::optional<std::vector<Step>> readVisit(const std::string& file)
     if (file.empty())
         return std::vector<Step> {};
     std::error_code error; // an empty path cannot be read
-    const auto text = kez::files::readText(fs::absolute(file, error).string());
+    const auto text = kez::files::readText(
+        kez::desktop::textOf(fs::absolute(kez::desktop::pathOf(file), error)));
     if (!text) {
         std::cerr << file << ": the visit cannot be read\n";
         return std::nullopt;

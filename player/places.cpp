@@ -11,28 +11,30 @@ namespace kez::player {
 namespace {
 
 namespace fs = std::filesystem;
+using desktop::pathOf;
+using desktop::textOf;
 
 // The current directory may have been removed; then nothing relative can be found.
 std::string whole(const std::string& path)
 {
     std::error_code error;
-    const std::string found = path.empty() ? path : fs::absolute(path, error).string();
+    const std::string found = path.empty() ? path : textOf(fs::absolute(pathOf(path), error));
     return error ? path : found;
 }
 
 std::string currentDirectory()
 {
     std::error_code error;
-    return fs::current_path(error).string();
+    return textOf(fs::current_path(error));
 }
 
 std::string usualContent()
 {
-    const fs::path beside = desktop::programDirectory();
-    const std::string installed = (beside / KEZ_INSTALLED_CONTENT).lexically_normal().string();
-    return unusableContent(beside.string()).empty() || !unusableContent(installed).empty()
-        ? beside.string()
-        : installed;
+    const std::string beside = desktop::programDirectory();
+    const std::string installed
+        = textOf((pathOf(beside) / KEZ_INSTALLED_CONTENT).lexically_normal());
+    return unusableContent(beside).empty() || !unusableContent(installed).empty() ? beside
+                                                                                  : installed;
 }
 
 std::string picturesFor(const Options& options)
@@ -41,7 +43,7 @@ std::string picturesFor(const Options& options)
         return whole(*options.pictures);
     const bool isWatched = !options.headless && options.visit.empty();
     const std::string home = isWatched ? desktop::picturesHome() : std::string();
-    return home.empty() ? home : (fs::path(home) / "Kez").string();
+    return home.empty() ? home : textOf(pathOf(home) / "Kez");
 }
 
 std::string cameraFor(const Options& options)

@@ -6,6 +6,7 @@
 #include "start_checks.h"
 
 #include "host/kez.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 
 #include <mmsystem.h>
@@ -116,7 +117,7 @@ bool Player::prepare()
     if (const std::string missing = unusableContent(places_.content); !missing.empty())
         return complain(missing);
     std::error_code error;
-    std::filesystem::current_path(places_.content, error);
+    std::filesystem::current_path(desktop::pathOf(places_.content), error);
     if (error)
         return complain(places_.content + " cannot be entered: " + error.message());
     display_ = std::make_unique<Display>(window_->handle(), options_.depth, placeFor(options_));
@@ -137,7 +138,7 @@ bool Player::prepare()
 bool Player::claimData()
 {
     std::error_code ignored; // whether it can be written is told later
-    std::filesystem::create_directories(places_.data, ignored);
+    std::filesystem::create_directories(desktop::pathOf(places_.data), ignored);
     claim_.emplace(places_.data);
     if (claim_->isRefused())
         return complain("The pictures in " + places_.data
@@ -175,7 +176,8 @@ bool Player::prepareGuide()
 void Player::enterVoices()
 {
     std::error_code ignored; // prepareGuide has seen it
-    std::filesystem::current_path(voiceDirectory(places_.content, options_.language), ignored);
+    std::filesystem::current_path(
+        desktop::pathOf(voiceDirectory(places_.content, options_.language)), ignored);
 }
 
 void Player::note(const std::string& event)
@@ -315,7 +317,9 @@ void Player::sendMessage(UINT message, WPARAM word, LPARAM detail)
 bool Player::keepShot(const std::string& file)
 {
     const auto shown = display_->shown();
-    return shown && writePng((std::filesystem::path(places_.shots) / file).string(), *shown);
+    return shown
+        && writePng(
+            desktop::textOf(desktop::pathOf(places_.shots) / desktop::pathOf(file)), *shown);
 }
 
 int Player::picturesArrived() const

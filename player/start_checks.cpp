@@ -2,6 +2,7 @@
 #include "start_checks.h"
 
 #include "media/resource_archive.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/path_names.h"
 
@@ -25,7 +26,7 @@ bool canBeWritten(const std::string& directory)
 bool isOnFullDisk(const std::string& directory)
 {
     std::error_code error;
-    return std::filesystem::space(directory, error).available == 0 && !error;
+    return std::filesystem::space(desktop::pathOf(directory), error).available == 0 && !error;
 }
 
 // What is wrong with the archive of the pictures, or nothing.
@@ -59,9 +60,9 @@ std::string languagesOf(const std::string& content)
     namespace fs = std::filesystem;
     std::vector<std::string> found { "en" };
     std::error_code ignored; // there are no others
-    for (fs::directory_iterator folder(content + "/languages", ignored), end; folder != end;
-         folder.increment(ignored))
-        found.push_back(folder->path().filename().string());
+    for (fs::directory_iterator folder(desktop::pathOf(content + "/languages"), ignored), end;
+         folder != end; folder.increment(ignored))
+        found.push_back(desktop::textOf(folder->path().filename()));
     std::ranges::sort(found);
     std::string text;
     for (const std::string& language : found)
@@ -72,7 +73,7 @@ std::string languagesOf(const std::string& content)
 std::string dataNote(const std::string& data)
 {
     std::error_code error;
-    std::filesystem::create_directories(data, error);
+    std::filesystem::create_directories(desktop::pathOf(data), error);
     const bool isDirectory = files::isDirectory(data);
     if (isDirectory && canBeWritten(data))
         return {};
@@ -91,7 +92,7 @@ void removeUnfinished(const std::string& data)
     const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
     std::error_code ignored; // what cannot be removed does no harm
     for (const char* folder : { "photo", "clipboard", "export" }) {
-        for (fs::directory_iterator file(fs::path(data) / folder, ignored), end; file != end;
+        for (fs::directory_iterator file(desktop::pathOf(data) / folder, ignored), end; file != end;
              file.increment(ignored)) {
             const std::u8string name = file->path().filename().u8string();
             if (files::isBesideName({ reinterpret_cast<const char*>(name.data()), name.size() })

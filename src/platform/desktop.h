@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace kez::desktop {
@@ -24,6 +25,13 @@ namespace kez::desktop {
 /// that called this, sleeps: it then jumps to the earliest wake-up. A visit thus plays as fast as
 /// the machine allows, and the same way each time. On Windows nothing changes: time is real there.
 void useScriptClock(unsigned start = 1000);
+
+/// A path of the standard library from the text in which all functions here and the system's narrow
+/// ones name it, and back. On Windows that is the machine's code page, of which the standard
+/// library knows nothing: what it makes of a text by itself names another file as soon as there is
+/// an umlaut.
+[[nodiscard]] std::filesystem::path pathOf(const std::string& text);
+[[nodiscard]] std::string textOf(const std::filesystem::path& path);
 
 /// A program's claim to a directory: of all programs that ask, one has it at a time. The system
 /// gives it back however the program ends. Where claims cannot be made (a directory that may only

@@ -91,6 +91,16 @@ void useScriptClock(unsigned start)
     winapi::useScriptClock(start);
 }
 
+std::filesystem::path pathOf(const std::string& text)
+{
+    return text;
+}
+
+std::string textOf(const std::filesystem::path& path)
+{
+    return path.string();
+}
+
 // The directory itself is locked, so that nothing is left in it.
 Claim::Claim(const std::string& directory)
     : handle_(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))

@@ -53,6 +53,26 @@ std::string programDirectory()
 
 void useScriptClock(unsigned) { } // time is real on Windows
 
+std::filesystem::path pathOf(const std::string& text)
+{
+    const int length = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0');
+    const int made = MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length);
+    wide.resize(static_cast<std::size_t>(made));
+    return wide;
+}
+
+std::string textOf(const std::filesystem::path& path)
+{
+    const std::wstring& wide = path.native();
+    const int length = static_cast<int>(wide.size());
+    std::string text(wide.size() * 4, '\0'); // as many bytes as a character can have
+    const int made = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(),
+        static_cast<int>(text.size()), nullptr, nullptr);
+    text.resize(static_cast<std::size_t>(made));
+    return text;
+}
+
 // A file that nobody else may open, and that goes with its last handle.
 Claim::Claim(const std::string& directory)
     : handle_(reinterpret_cast<std::intptr_t>(

@@ -2,7 +2,9 @@
 #include "player/start_checks.h"
 
 #include "platform/desktop.h"
+#include "platform/files.h"
 #include "platform/temporary_folder.h"
+#include "player/places.h"
 
 #include <gtest/gtest.h>
 
@@ -32,6 +34,18 @@ TEST(StartChecks, removeOnlyWhatWasLeftHalfWrittenLongAgo)
     EXPECT_EQ(home.get("photo/Zoo.cam"), "bytes");
     EXPECT_EQ(home.get("photo/Cat.cam.~new0"), "being written");
     removeUnfinished(home / "nowhere");
+}
+
+// The letter is one byte in a code page of Windows, and some byte on Linux.
+TEST(StartChecks, takeAPlaceWhoseNameIsNotAscii)
+{
+    const TemporaryFolder home;
+    Options options;
+    options.data = home / "J\x80rgen";
+    const std::string data = placesFor(options).data;
+    EXPECT_TRUE(data.ends_with("J\x80rgen"));
+    EXPECT_EQ(dataNote(data), "");
+    EXPECT_TRUE(files::isDirectory(options.data));
 }
 
 TEST(StartChecks, letOnePlayerAtATimeHaveTheStore)
