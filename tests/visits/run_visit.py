@@ -403,8 +403,15 @@ def compare_depths(plays):
                 yield f"{play.visit}: {file.name} differs between {depth} and 32 bits"
 
 
+def open_up(folder):
+    """What a visit has closed, so that anybody can remove it who may."""
+    for place, _, _ in os.walk(folder):
+        os.chmod(place, stat.S_IRWXU)
+
+
 def start(tools, work, visit, depth, settings):
     play = Play(tools, work / str(depth), visit, depth)
+    open_up(play.work)
     shutil.rmtree(play.work, ignore_errors=True)
     play.work.mkdir(parents=True)
     for word, *rest in settings:
@@ -412,7 +419,10 @@ def start(tools, work, visit, depth, settings):
             play.prepare(*rest)
         elif word == "options":
             play.options += [text.format(here=visit.parent, work=play.work) for text in rest]
-    play.play()
+    try:
+        play.play()
+    finally:
+        open_up(play.work)
     return play
 
 
