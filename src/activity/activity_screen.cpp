@@ -2,9 +2,14 @@
 #include "activity/activity_screen.h"
 
 #include "activity/guide.h"
+#include "activity/picture_export.h"
+#include "activity/picture_import.h"
+#include "activity/stored_pictures.h"
 #include "core/flags.h"
 #include "display/cursor.h"
 #include "input/events.h"
+
+#include <utility>
 
 namespace kez {
 
@@ -27,6 +32,13 @@ ActivityScreen::ActivityScreen()
     mouseService_.setClient(this);
     clickService_.setClient(this);
     keyService_.setClient(this);
+    grid_.setClient(this);
+}
+
+void ActivityScreen::create()
+{
+    for (Image* image : images())
+        view_.add(*image);
 }
 
 void ActivityScreen::onEnter()
@@ -71,28 +83,45 @@ void ActivityScreen::onLeave()
         sound->detach();
 }
 
-void ActivityScreen::lightButton(std::span<const Button> buttons)
+void ActivityScreen::serviceFired(Service& service)
 {
-    for (const Button& button : buttons)
+    if (&service == &clickService_) {
+        if (helpMode)
+            explainClicked();
+    } else if (&service == &keyService_) {
+        if (keyChar)
+            keyTyped(keyCode);
+    } else if (&service == &mouseService_) {
+        if (mouseMove)
+            hover(service);
+        else if (mouseDown)
+            buttonPressed();
+    } else if (&service == &grid_) {
+        gridClicked();
+    }
+}
+
+void ActivityScreen::keyTyped(std::uint32_t /*key*/) { }
+
+// No more than one button is lit: the first that the pointer is on.
+void ActivityScreen::hover(Service& /*service*/)
+{
+    for (const Button& button : buttons_)
         button.image->visible = false;
     hoveredButton_ = nullptr;
-    for (const Button& button : buttons)
-        if (hoverButton(*button.image))
-            return;
+    for (const Button& button : buttons_) {
+        if (!button.image->hitTest(mouseX, mouseY))
+            continue;
+        button.image->visible = true;
+        hoveredButton_ = button.image;
+        return;
+    }
 }
 
-// Lights the button when the pointer is on it.
-bool ActivityScreen::hoverButton(Image& button)
+// What is no button explains nothing, but ends help mode as well.
+void ActivityScreen::explainClicked()
 {
-    button.visible = button.hitTest(mouseX, mouseY);
-    if (button.visible)
-        hoveredButton_ = &button;
-    return button.visible;
-}
-
-void ActivityScreen::explainClicked(std::span<const Button> buttons)
-{
-    for (const Button& button : buttons)
+    for (const Button& button : buttons_)
         if (button.image == pickedItem)
             explain(*button.image, button.helpClip);
     leaveHelpMode();
@@ -110,6 +139,24 @@ void ActivityScreen::leaveHelpMode()
     cursorObject = &pointer_;
     helpMode = false;
     stopDispatch();
+}
+
+void ActivityScreen::tellOfFiles()
+{
+    if (std::exchange(importDone, false))
+        sayGuide(importClip());
+    // A picture that could not be stored may be lost, which weighs more than a file well written:
+    // until another one has been stored, the guide goes on warning.
+    if (std::exchange(exportDone, false))
+        sayGuide(importFailed ? clip::notStored : clip::exported);
+}
+
+// What the guide says of the last import.
+int ActivityScreen::importClip()
+{
+    if (importFailed)
+        return clip::notStored;
+    return importUnreadable ? clip::unreadable : showImported();
 }
 
 void ActivityScreen::introduceOnce()

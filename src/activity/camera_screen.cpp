@@ -6,8 +6,6 @@
 #include "activity/guide.h"
 #include "activity/import_popup.h"
 #include "activity/photo_book.h"
-#include "activity/picture_export.h"
-#include "activity/picture_import.h"
 #include "activity/picture_names.h"
 #include "activity/picture_view.h"
 #include "activity/stored_files.h"
@@ -56,7 +54,10 @@ CameraScreen::CameraScreen()
         Image("wait03", true), Image("wait04", true), Image("wait05", true), Image("wait06", true),
         Image("wait07", true), Image("wait08", true) }
 {
-    grid_.setClient(this);
+    buttons_ = { { &exportButton_, clip::exportPicture }, { &returnButton_, clip::giveBack },
+        { &importButton_, clip::importPicture }, { &trashButton_, clip::trash },
+        { &helpButton_, clip::help }, { &saveButton_, clip::save },
+        { &cameraButton_, clip::camera }, { &bookButton_, clip::book } };
     face_.addBearer(backdrop_);
     face_.addBearer(helpButton_);
 }
@@ -70,12 +71,6 @@ std::vector<Image*> CameraScreen::images()
 {
     return { &importButton_, &exportButton_, &returnButton_, &trashButton_, &backdrop_,
         &cameraButton_, &bookButton_, &helpButton_, &saveButton_ };
-}
-
-void CameraScreen::create()
-{
-    for (Image* image : images())
-        view_.add(*image);
 }
 
 void CameraScreen::enter()
@@ -124,12 +119,10 @@ TaskBody CameraScreen::run()
     }
 }
 
-void CameraScreen::tellOfFiles()
+// It has gone into the photo book, where the child will find it.
+int CameraScreen::showImported()
 {
-    if (std::exchange(importDone, false))
-        sayGuide(importClip(clip::imported));
-    if (std::exchange(exportDone, false))
-        sayGuide(importFailed ? clip::notStored : clip::exported);
+    return clip::imported;
 }
 
 void CameraScreen::busyStep()
@@ -184,34 +177,6 @@ int CameraScreen::cameraHandler(Camera& camera, int notification, void* screen)
         camera.issue(Camera::SetCounter, 0);
     static_cast<CameraScreen*>(screen)->pictureArrived_ = true;
     return 0;
-}
-
-void CameraScreen::serviceFired(Service& service)
-{
-    if (&service == &clickService_) {
-        if (helpMode)
-            explainClicked(buttons());
-    } else if (&service == &mouseService_) {
-        if (mouseMove)
-            hover(service);
-        else if (mouseDown)
-            buttonPressed();
-    } else if (&service == &grid_) {
-        gridClicked();
-    }
-}
-
-void CameraScreen::hover(Service& /*service*/)
-{
-    lightButton(buttons());
-}
-
-std::array<CameraScreen::Button, 8> CameraScreen::buttons()
-{
-    return { { { &exportButton_, clip::exportPicture }, { &returnButton_, clip::giveBack },
-        { &importButton_, clip::importPicture }, { &trashButton_, clip::trash },
-        { &helpButton_, clip::help }, { &saveButton_, clip::save },
-        { &cameraButton_, clip::camera }, { &bookButton_, clip::book } } };
 }
 
 void CameraScreen::buttonPressed()

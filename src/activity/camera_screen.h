@@ -5,7 +5,6 @@
 
 #include "activity/activity_screen.h"
 #include "activity/save_dialog.h"
-#include "activity/thumbnail_grid.h"
 #include "media/camera.h"
 
 #include <array>
@@ -16,19 +15,12 @@ namespace kez {
 class CameraScreen : public ActivityScreen {
 public:
     CameraScreen();
-    void serviceFired(Service& service) override;
     TaskBody run() override;
-    void create() override;
     void enter() override;
     void leave() override;
-    void hover(Service& service) override;
-
-    [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
+    [[nodiscard]] std::vector<Image*> images() override;
 
     [[nodiscard]] static GridLayout layout();
-
-    /// What lies in its view, in the order in which it is added; the backdrop shows.
-    [[nodiscard]] std::vector<Image*> images();
 
     [[nodiscard]] const std::array<Image, 9>& busyFrames() const { return busyFrames_; }
 
@@ -40,16 +32,15 @@ private:
     void lookForPicture();
     void advanceBusyPointer();
     [[nodiscard]] int shownBusyFrame() const;
-    [[nodiscard]] std::array<Button, 8> buttons(); ///< In the order in which they are looked at.
-    void buttonPressed();
+    void buttonPressed() override;
+    void gridClicked() override;
+    int showImported() override;
     void fetchPictures();
     void exportSelected();
-    void gridClicked();
     void deleteSelected();
     void goTo(SaveDialog::Destination destination);
     void giveBack();
     void importFile();
-    void tellOfFiles();
     void paintCell(const std::uint8_t* picture, int cell);
 
     Image backdrop_;
@@ -63,7 +54,6 @@ private:
     Image bookButton_;
     std::array<Image, 9> busyFrames_;
 
-    ThumbnailGrid grid_;
     int stepCounter_ = 0; ///< 0 to 4.
     bool pictureArrived_ = false;
 };

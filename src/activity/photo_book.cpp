@@ -7,14 +7,11 @@
 #include "activity/import_popup.h"
 #include "activity/key_colours.h"
 #include "activity/photo_store.h"
-#include "activity/picture_export.h"
 #include "activity/picture_import.h"
 #include "activity/picture_view.h"
 #include "core/flags.h"
 #include "input/events.h"
 #include "sprites/picture_pixels.h"
-
-#include <utility>
 
 namespace kez {
 
@@ -51,7 +48,11 @@ PhotoBook::PhotoBook()
     , cameraButton_("bookCamRoll", false)
     , bookButton_("bookRoll", false)
 {
-    grid_.setClient(this);
+    buttons_ = { { &exportButton_, clip::exportPicture }, { &returnButton_, clip::giveBack },
+        { &importButton_, clip::importPicture }, { &trashButton_, clip::trash },
+        { &helpButton_, clip::help }, { &saveButton_, clip::save },
+        { &cameraButton_, clip::bookCamera }, { &bookButton_, clip::book },
+        { &leftButton_, clip::turnPage }, { &rightButton_, clip::turnPage } };
     face_.addBearer(backdrop_);
     face_.addBearer(helpButton_);
 }
@@ -65,12 +66,6 @@ std::vector<Image*> PhotoBook::images()
 {
     return { &importButton_, &exportButton_, &returnButton_, &trashButton_, &backdrop_,
         &helpButton_, &saveButton_, &cameraButton_, &bookButton_, &leftButton_, &rightButton_ };
-}
-
-void PhotoBook::create()
-{
-    for (Image* image : images())
-        view_.add(*image);
 }
 
 void PhotoBook::enter()
@@ -107,56 +102,14 @@ TaskBody PhotoBook::run()
     }
 }
 
-void PhotoBook::tellOfFiles()
-{
-    if (std::exchange(importDone, false)) {
-        if (!importFailed && !importUnreadable)
-            showImported();
-        sayGuide(importClip(clip::importedIntoBook));
-    }
-    if (std::exchange(exportDone, false))
-        sayGuide(importFailed ? clip::notStored : clip::exported);
-}
-
 // At the album's end until it is sorted again.
-void PhotoBook::showImported()
+int PhotoBook::showImported()
 {
     String fileName = lastImportedName();
     addName(album(), fileName.append(".clip").view());
     page_.showLast();
     showPage();
-}
-
-std::array<PhotoBook::Button, 10> PhotoBook::buttons()
-{
-    return { { { &exportButton_, clip::exportPicture }, { &returnButton_, clip::giveBack },
-        { &importButton_, clip::importPicture }, { &trashButton_, clip::trash },
-        { &helpButton_, clip::help }, { &saveButton_, clip::save },
-        { &cameraButton_, clip::bookCamera }, { &bookButton_, clip::book },
-        { &leftButton_, clip::turnPage }, { &rightButton_, clip::turnPage } } };
-}
-
-void PhotoBook::hover(Service& /*service*/)
-{
-    lightButton(buttons());
-}
-
-void PhotoBook::serviceFired(Service& service)
-{
-    if (&service == &clickService_) {
-        if (helpMode)
-            explainClicked(buttons());
-    } else if (&service == &keyService_) {
-        if (keyChar)
-            keyTyped(keyCode);
-    } else if (&service == &mouseService_) {
-        if (mouseMove)
-            hover(service);
-        else if (mouseDown)
-            buttonPressed();
-    } else if (&service == &grid_) {
-        gridClicked();
-    }
+    return clip::importedIntoBook;
 }
 
 void PhotoBook::gridClicked()

@@ -7,9 +7,7 @@
 #include "activity/activity_screen.h"
 #include "activity/book_page.h"
 #include "activity/name_labels.h"
-#include "activity/thumbnail_grid.h"
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -18,42 +16,33 @@ namespace kez {
 class PhotoBook : public ActivityScreen {
 public:
     PhotoBook();
-    void serviceFired(Service& service) override;
     TaskBody run() override;
-    void create() override;
     void enter() override;
     void leave() override;
-    void hover(Service& service) override;
-
-    [[nodiscard]] ThumbnailGrid& grid() { return grid_; }
+    [[nodiscard]] std::vector<Image*> images() override;
 
     [[nodiscard]] static GridLayout layout();
-
-    /// What lies in its view, in the order in which it is added; the backdrop shows.
-    [[nodiscard]] std::vector<Image*> images();
 
     [[nodiscard]] const NameLabels& labels() const { return labels_; } ///< While current.
 
     [[nodiscard]] int page() const { return page_.number(); } ///< 0 first.
 
 private:
-    [[nodiscard]] std::array<Button, 10> buttons(); ///< In the order in which they are looked at.
-    void gridClicked();
+    void buttonPressed() override;
+    void gridClicked() override;
+    void keyTyped(std::uint32_t key) override;
+    int showImported() override;
     void cellClicked();
     void clickedElsewhere();
-    void buttonPressed();
     void turnPage(int direction);
     void showPage();
     void paintCell(int cell);
     void clearSelection();
     void commitName();
-    void keyTyped(std::uint32_t key);
     void openSelected();
     void deleteSelected();
     void exportSelected();
     void importFile();
-    void tellOfFiles();
-    void showImported();
     void giveBack();
     [[nodiscard]] String selectedName() const;
 
@@ -69,7 +58,6 @@ private:
     Image cameraButton_;
     Image bookButton_;
 
-    ThumbnailGrid grid_;
     NameLabels labels_;
     BookPage page_;
     int currentCell_ = 0;

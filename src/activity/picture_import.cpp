@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "activity/picture_import.h"
 
-#include "activity/guide.h"
 #include "activity/picture_names.h"
 #include "activity/stored_pictures.h"
 #include "core/diagnostics.h"
@@ -95,13 +94,6 @@ void importPicture(const ImportFile& file)
     const bool wasRead = isJpeg ? importJpeg(source.c_str()) : importBitmap(source.c_str());
     importUnreadable = !wasRead;
     importDone = true;
-}
-
-int importClip(int success)
-{
-    if (importFailed)
-        return clip::notStored;
-    return importUnreadable ? clip::unreadable : success;
 }
 
 } // namespace kez

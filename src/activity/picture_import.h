@@ -16,7 +16,4 @@ inline bool importUnreadable = false; ///< Its file could not be read.
 /// number. A photograph that the camera stored lying on its side is turned upright.
 void importPicture(const ImportFile& file);
 
-/// What the guide says of the last import: `success` when the picture was stored.
-[[nodiscard]] int importClip(int success);
-
 } // namespace kez
