@@ -2,6 +2,7 @@
 #include "folder_watch.h"
 
 #include "platform/files.h"
+#include "platform/path_names.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,13 +16,8 @@ constexpr auto asTheSystemNamesThem = files::Naming::TheSystems;
 
 bool isPictureName(std::string_view name)
 {
-    const std::size_t dot = name.rfind('.');
-    if (dot == name.npos)
-        return false;
-    std::string extension(name.substr(dot + 1));
-    for (char& c : extension)
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-    return extension == "jpg" || extension == "jpeg" || extension == "png";
+    return files::hasExtension(name, "jpg") || files::hasExtension(name, "jpeg")
+        || files::hasExtension(name, "png");
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 #include "sample_picture.h"
 #include "serial_camera.h"
 
+#include "platform/path_names.h"
+
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -18,20 +20,10 @@ constexpr unsigned lineTime = 10;
 
 constexpr char firmware[MVI_VERSION_BYTES] = "kez camera 1.0";
 
-bool sameText(const char* a, const char* b)
-{
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    while (*a != '\0' && lower(*a) == lower(*b)) {
-        ++a;
-        ++b;
-    }
-    return lower(*a) == lower(*b);
-}
-
 bool isPort(const char* name)
 {
     for (const char* const port : { "COM1", "COM2", "COM3", "COM4" })
-        if (sameText(name, port))
+        if (files::sameName(name, port))
             return true;
     return false;
 }
@@ -49,7 +41,7 @@ SerialCamera::Result SerialCamera::open(const char* port)
     int atStart = 0;
     {
         const std::lock_guard guard(lock_);
-        open_ = isConnected() && sameText(port, cameraPort);
+        open_ = isConnected() && files::sameName(port, cameraPort);
         if (open_ && !std::exchange(started_, true))
             atStart = source_->atStart();
     }

@@ -7,6 +7,7 @@
 #include "archive_writer.h"
 #include "commands.h"
 #include "counted.h"
+#include "platform/ascii_letters.h"
 #include "platform/files.h"
 #include "sound_encoding.h"
 
@@ -14,7 +15,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -70,13 +70,6 @@ void copyOver(const fs::path& from, const fs::path& to)
 fs::path partOf(const fs::path& folder, const char* name)
 {
     return files::nativePath((folder / name).string());
-}
-
-std::string lowerCase(std::string text)
-{
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
 }
 
 // Such files are turned into records; all others are taken as they are.

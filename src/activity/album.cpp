@@ -3,6 +3,7 @@
 
 #include "activity/picture_names.h"
 #include "activity/stored_files.h"
+#include "platform/ascii_letters.h"
 #include "platform/files.h"
 
 #include <string>
@@ -12,22 +13,13 @@ namespace kez {
 
 namespace {
 
-std::string folded(std::string_view text)
-{
-    std::string result(text);
-    for (char& character : result)
-        if (character >= 'A' && character <= 'Z')
-            character = static_cast<char>(character - 'A' + 'a');
-    return result;
-}
-
 // Looked up in memory: an album may hold hundreds of entries, and a look at the disk for each is
 // felt at every page turn.
 std::unordered_set<std::string> pictureFileNames()
 {
     std::unordered_set<std::string> names;
     for (const files::Entry& file : files::list(makePath("photo", nullptr, nullptr).view(), "cam"))
-        names.insert(folded(file.name));
+        names.insert(lowerCase(file.name));
     return names;
 }
 
@@ -62,7 +54,7 @@ void scanAlbum()
     const String& clipboard = makePath("clipboard", nullptr, nullptr);
     for (const files::Entry& file : files::list(clipboard.view(), "clip")) {
         const String name = nameWithoutExtension(file.name.c_str());
-        if (isAlbumName(name) && pictures.contains(folded(name.view()) + ".cam"))
+        if (isAlbumName(name) && pictures.contains(lowerCase(name.c_str()) + ".cam"))
             addName(album(), file.name);
     }
     album().quickSort(compareNames);

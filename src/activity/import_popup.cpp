@@ -3,12 +3,11 @@
 
 #include "activity/activity_screen.h"
 #include "activity/picture_import.h"
+#include "activity/picture_names.h"
 #include "activity/stored_files.h"
 #include "input/events.h"
 
 #include <windows.h>
-
-#include <cstring>
 
 namespace kez {
 
@@ -39,11 +38,6 @@ String fitted(const String& name)
     if (characters <= rowColumns)
         return name;
     return String(name.view().substr(0, kept)).append(dots);
-}
-
-bool isSearched(std::uint32_t key)
-{
-    return key > ' ' && key <= '~' && std::strchr("\"'/<>\\|~", static_cast<int>(key)) == nullptr;
 }
 
 } // namespace
@@ -149,7 +143,7 @@ void ImportPopup::typeKey(std::uint32_t key)
         return importCurrent();
     if (key == VK_BACK && !typed_.empty())
         typed_.cut(1);
-    else if (isSearched(key) && typed_.length() < longestTyped)
+    else if (key != ' ' && mayStandInName(key) && typed_.length() < longestTyped)
         typed_.append(static_cast<char>(key));
     if (const int found = list_.find(typed_.view()); found >= 0)
         showList(found);

@@ -2,8 +2,8 @@
 #include "activity/name_labels.h"
 
 #include "activity/album.h"
+#include "activity/picture_names.h"
 
-#include <string_view>
 #include <utility>
 
 namespace kez {
@@ -14,12 +14,6 @@ constexpr const char* tag = "names";
 constexpr int belowCell = 10; // from the cell's lower edge to the label's centre
 constexpr int labelHeight = 14;
 constexpr std::uint32_t backspace = 8;
-
-bool mayStandInName(std::uint32_t key)
-{
-    constexpr std::string_view refused = "\"'/<>\\|~";
-    return key >= ' ' && key <= '~' && refused.find(static_cast<char>(key)) == refused.npos;
-}
 
 } // namespace
 

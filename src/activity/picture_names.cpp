@@ -2,10 +2,12 @@
 #include "activity/picture_names.h"
 
 #include "core/diagnostics.h"
+#include "platform/ascii_letters.h"
 #include "platform/files.h"
 
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace kez {
 
@@ -28,14 +30,6 @@ int firstFree(int first, Taken&& isTaken)
     return number < firstNumberTooLarge ? number : firstNumberTooLarge;
 }
 
-std::string lowered(std::string text)
-{
-    for (char& character : text)
-        if (character >= 'A' && character <= 'Z')
-            character = static_cast<char>(character - 'A' + 'a');
-    return text;
-}
-
 bool numberedFileExists(
     const char* directory, const char* prefix, int number, const char* extension)
 {
@@ -52,7 +46,7 @@ std::set<std::string> exportedNames()
     const String directory = makePath("Export", nullptr, nullptr);
     for (const char* extension : { "bmp", "jpg" })
         for (const files::Entry& entry : files::list(directory.view(), extension))
-            names.insert(lowered(entry.name.substr(0, entry.name.rfind('.'))));
+            names.insert(lowerCase(entry.name.substr(0, entry.name.rfind('.'))));
     return names;
 }
 
@@ -60,7 +54,7 @@ std::set<std::string> exportedNames()
 void makeDirectory(const char* directory)
 {
     String path = dataPrefix();
-    path.append(lowered(directory));
+    path.append(lowerCase(directory));
     if (!files::createDirectory(path.view()))
         reportLastError("The directory %.700s cannot be made.", path.c_str());
 }
@@ -126,6 +120,12 @@ int findFreeImportNumber()
 {
     return firstFree(
         1, [](int number) { return numberedFileExists("Photo", "Image", number, "cam"); });
+}
+
+bool mayStandInName(std::uint32_t key)
+{
+    constexpr std::string_view refused = "\"'/<>\\|~";
+    return key >= ' ' && key <= '~' && refused.find(static_cast<char>(key)) == refused.npos;
 }
 
 String nameWithoutExtension(const String& fileName)

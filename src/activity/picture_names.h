@@ -6,6 +6,8 @@
 
 #include "core/string.h"
 
+#include <cstdint>
+
 namespace kez {
 
 void setDataPath(const char* dataPath); ///< Null or empty: the current directory.
@@ -24,6 +26,9 @@ String temporaryName(int number); ///< "~1" to "~20" for the camera slots, "~0" 
 int findFreeNumber(const char* prefix, int first, const char* extension);
 int findFreeExportNumber(); ///< Neither a "bmp" nor a "jpg" of that name in "Export".
 int findFreeImportNumber(); ///< "Image" names in "Photo".
+
+/// Whether a child may type it in a name: a character's code.
+[[nodiscard]] bool mayStandInName(std::uint32_t key);
 
 String nameWithoutExtension(const String& fileName); ///< Cut at the last dot.
 

@@ -2,6 +2,7 @@
 #include "core/string.h"
 
 #include "core/diagnostics.h"
+#include "platform/ascii_letters.h"
 
 #include <algorithm>
 #include <cstdarg>
@@ -14,12 +15,6 @@ namespace kez {
 namespace {
 
 constexpr int formattedLimit = 800;
-
-char lower(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
-}
 
 bool isSpace(char character)
 {
@@ -177,8 +172,8 @@ int String::compareIgnoringCase(std::string_view text) const
     const std::string_view own = view();
     const std::size_t common = std::min(own.size(), text.size());
     for (std::size_t i = 0; i < common; ++i) {
-        const auto a = static_cast<unsigned char>(lower(own[i]));
-        const auto b = static_cast<unsigned char>(lower(text[i]));
+        const auto a = static_cast<unsigned char>(lowerCase(own[i]));
+        const auto b = static_cast<unsigned char>(lowerCase(text[i]));
         if (a != b)
             return a < b ? -1 : 1;
     }

@@ -3,6 +3,7 @@
 
 #include "core/little_endian.h"
 #include "media/dif1.h"
+#include "platform/ascii_letters.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -107,10 +108,8 @@ ArchiveRecords listRecords(std::span<std::uint8_t> block)
 std::string normalisedRecordName(std::string_view name)
 {
     std::string result(name);
-    for (std::size_t i = 0; i < std::min(result.size(), recordNameBytes); ++i) {
-        if (result[i] >= 'A' && result[i] <= 'Z')
-            result[i] = static_cast<char>(result[i] - 'A' + 'a');
-    }
+    for (std::size_t i = 0; i < std::min(result.size(), recordNameBytes); ++i)
+        result[i] = lowerCase(result[i]);
     return result;
 }
 

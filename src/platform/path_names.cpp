@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/path_names.h"
 
+#include "platform/ascii_letters.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -12,11 +13,6 @@ namespace {
 constexpr std::size_t longestName = 255;
 constexpr std::string_view besideMark = ".~new";
 
-constexpr char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
 constexpr bool isSeparator(char c)
 {
     return c == '\\' || c == '/';
@@ -24,7 +20,7 @@ constexpr bool isSeparator(char c)
 
 constexpr bool isLetter(char c)
 {
-    return lower(c) >= 'a' && lower(c) <= 'z';
+    return lowerCase(c) >= 'a' && lowerCase(c) <= 'z';
 }
 
 bool isRefused(char c)
@@ -75,6 +71,7 @@ std::string takeRoot(std::string_view& path)
 
 bool sameName(std::string_view a, std::string_view b)
 {
+    const auto lower = [](char c) { return lowerCase(c); };
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
