@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The photo book with stores of three sizes: reading the album, reading and showing a page, beside
 // a plain listing of the same folder. Each picture has its two files; the disk's cache is warm.
+#include "activity/album.h"
 #include "activity/photo_book.h"
-#include "activity/photo_store.h"
+#include "activity/picture_names.h"
+#include "activity/thumbnail.h"
 #include "core/clock.h"
 #include "display/scene.h"
 #include "input/events.h"

@@ -4,7 +4,6 @@
 //
 //   kez-pace CONTENT
 #include "activity/camera_screen.h"
-#include "activity/photo_store.h"
 #include "activity/picture_names.h"
 #include "display/screen.h"
 #include "display/view.h"

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "activity/photo_book.h"
 
+#include "activity/album.h"
 #include "activity/camera_screen.h"
 #include "activity/export_popup.h"
 #include "activity/guide.h"
 #include "activity/import_popup.h"
 #include "activity/key_colours.h"
-#include "activity/photo_store.h"
 #include "activity/picture_import.h"
+#include "activity/picture_names.h"
 #include "activity/picture_view.h"
+#include "activity/stored_pictures.h"
+#include "activity/thumbnail.h"
 #include "core/flags.h"
 #include "input/events.h"
 #include "sprites/picture_pixels.h"

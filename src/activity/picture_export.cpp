@@ -15,11 +15,10 @@ namespace {
 
 bool writeBmp(const char* path, const MaskedPicture& picture)
 {
-    ByteBlock block = makeBitmap(picture.pixels.data(), picture.width, picture.height);
+    const ByteBlock block = makeBitmap(picture.pixels.data(), picture.width, picture.height);
     const bool written = writeBitmapFile(block, path);
     if (!written)
         reportLastError("The BMP file %.600s cannot be written.", path);
-    freeBitmap(block);
     return written;
 }
 

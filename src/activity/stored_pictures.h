@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-/// Pictures on their way into the store and out of it. Pixels are three bytes, blue, green, red,
-/// bottom row first; sizes must be positive.
+/// Pictures on their way into the store and out of it. A picture called N has up to three files
+/// under the data path: photo\N.cam (Targa), clipboard\N.clip (its thumbnail, raw) and mask\N.mask
+/// (one bit a pixel). Pixels are three bytes, blue, green, red, bottom row first; sizes must be
+/// positive.
 #pragma once
 
 #include "activity/thumbnail.h"

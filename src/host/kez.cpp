@@ -3,7 +3,7 @@
 
 #include "activity/guide.h"
 #include "activity/hand_over.h"
-#include "activity/photo_store.h"
+#include "activity/picture_names.h"
 #include "core/clock.h"
 #include "core/diagnostics.h"
 #include "core/flags.h"

@@ -2,6 +2,7 @@
 #include "activity/camera_screen.h"
 
 #include "activity/camera_screen_fixture.h"
+#include "activity/camera_slots.h"
 #include "activity/photo_book.h"
 #include "activity/picture_view.h"
 #include "host/kez.h"

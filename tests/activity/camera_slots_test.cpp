@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "activity/camera_slots.h"
 
+#include "activity/picture_names.h"
 #include "activity/store_fixture.h"
 #include "platform/files.h"
 

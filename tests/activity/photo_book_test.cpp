@@ -2,8 +2,11 @@
 #include "activity/photo_book.h"
 
 #include "activity/camera_screen.h"
+#include "activity/picture_names.h"
 #include "activity/picture_view.h"
 #include "activity/screen_fixture.h"
+#include "activity/stored_pictures.h"
+#include "activity/thumbnail.h"
 #include "host/kez.h"
 #include "platform/files.h"
 #include "support/engine_fixture.h"

@@ -2,6 +2,7 @@
 #include "activity/picture_view.h"
 
 #include "activity/screen_fixture.h"
+#include "activity/stored_pictures.h"
 #include "media/resample.h"
 
 #include <gtest/gtest.h>

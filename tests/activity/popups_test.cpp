@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "activity/camera_screen.h"
+#include "activity/camera_slots.h"
 #include "activity/export_popup.h"
 #include "activity/import_popup.h"
 #include "activity/picture_export.h"
 #include "activity/picture_import.h"
+#include "activity/picture_names.h"
 #include "activity/save_dialog.h"
 #include "activity/screen_fixture.h"
 #include "display/screen.h"

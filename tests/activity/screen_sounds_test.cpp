@@ -2,6 +2,7 @@
 // Which sound the screens play, and when. A click on the camera screen may tap twice, for its
 // button and for its grid: that is one sound, begun anew.
 #include "activity/camera_screen_fixture.h"
+#include "activity/camera_slots.h"
 #include "activity/photo_book.h"
 #include "platform/temporary_folder.h"
 #include "support/sound_recorder.h"

@@ -2,7 +2,10 @@
 /// A store in a folder of its own, and pictures for it.
 #pragma once
 
-#include "activity/photo_store.h"
+#include "activity/album.h"
+#include "activity/camera_slots.h"
+#include "activity/picture_names.h"
+#include "activity/stored_pictures.h"
 #include "core/flags.h"
 #include "platform/temporary_folder.h"
 

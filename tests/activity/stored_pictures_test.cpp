@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "activity/album.h"
+#include "activity/picture_names.h"
+#include "activity/stored_files.h"
 #include "activity/stored_pictures.h"
 
 #include "activity/store_fixture.h"
+#include "activity/thumbnail.h"
 #include "host/kez.h"
 #include "media/targa_file.h"
 #include "platform/files.h"

@@ -2,7 +2,7 @@
 // What each entry point does by itself, and what they do out of order.
 #include "activity/camera_screen.h"
 #include "activity/hand_over.h"
-#include "activity/photo_store.h"
+#include "activity/picture_names.h"
 #include "host/kez.h"
 #include "input/events.h"
 #include "input/input_services.h"
