@@ -53,9 +53,7 @@ void ActivityScreen::onEnter()
     mouseService_.attach();
     clickService_.attach();
     keyService_.attach();
-    view_.attach();
-    view_.realize();
-    view_.visible = true;
+    view_.open();
     face_.show();
 
     pointer_.realize();
@@ -74,9 +72,7 @@ void ActivityScreen::onLeave()
     clickService_.detach();
     keyService_.detach();
     face_.hide();
-    view_.detach();
-    view_.unrealize();
-    view_.visible = false;
+    view_.close();
     pointer_.unrealize();
     helpPointer_.unrealize();
     for (Sound* sound : sounds())

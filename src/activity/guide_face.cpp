@@ -39,7 +39,7 @@ FacePictures::Expression speech()
 } // namespace
 
 GuideFace::GuideFace()
-    : View(0, 0, 0, 0, 0, true, false)
+    : View(0, 0, 0, 0, 0, false, false)
 {
 }
 
@@ -53,12 +53,12 @@ void GuideFace::show()
     for (FacePictures& each : pictures_)
         each.load();
     shownAt_ = frameTime;
-    attach();
+    open();
 }
 
 void GuideFace::hide()
 {
-    detach();
+    close();
     for (FacePictures& each : pictures_)
         each.unload();
 }

@@ -20,9 +20,7 @@ constexpr int viewWidth = 320;
 constexpr int viewHeight = 240;
 constexpr int frameThickness = -2;
 
-using Picture = MaskedPicture;
-
-Picture fitted(Picture picture)
+MaskedPicture fitted(MaskedPicture picture)
 {
     const double factor = std::min(static_cast<double>(viewWidth) / picture.width,
         static_cast<double>(viewHeight) / picture.height);
@@ -31,14 +29,14 @@ Picture fitted(Picture picture)
     // At least a pixel, however narrow the picture.
     const int width = std::max(static_cast<int>(picture.width * factor), 1);
     const int height = std::max(static_cast<int>(picture.height * factor), 1);
-    Picture result { std::vector<std::uint8_t>(static_cast<std::size_t>(3 * width * height)), width,
-        height };
+    MaskedPicture result { std::vector<std::uint8_t>(static_cast<std::size_t>(3 * width * height)),
+        width, height };
     std::uint8_t* pixels = result.pixels.data();
     resamplePicture(picture.pixels.data(), picture.width, picture.height, &pixels, width, height);
     return result;
 }
 
-std::unique_ptr<DynaImage> imageOf(const Picture& picture, const char* name)
+std::unique_ptr<DynaImage> imageOf(const MaskedPicture& picture, const char* name)
 {
     std::vector<std::uint32_t> topRowFirst(picture.pixels.size() / 3);
     const auto width = static_cast<std::size_t>(picture.width);
@@ -82,19 +80,17 @@ void PictureView::enter()
 {
     if (picture_ != nullptr)
         return;
-    const Picture stored = readMaskedPicture(name().c_str());
+    const MaskedPicture stored = readMaskedPicture(name().c_str());
     if (stored.pixels.empty())
         return;
-    const Picture shown = fitted(stored);
+    const MaskedPicture shown = fitted(stored);
     picture_ = imageOf(shown, name().c_str());
     view_.add(*picture_);
     frame_.thickness = frameThickness;
     frame_.width = shown.width;
     frame_.height = shown.height;
     clickService_.attach();
-    view_.attach();
-    view_.realize();
-    view_.visible = true;
+    view_.open();
     keyService_.attach();
 }
 
@@ -105,8 +101,7 @@ void PictureView::leave()
     picture_.reset();
     clickService_.detach();
     keyService_.detach();
-    view_.detach();
-    view_.visible = false;
+    view_.close();
 }
 
 void PictureView::serviceFired(Service& service)

@@ -46,9 +46,7 @@ void Popup::enter()
     openPopup = this;
     clickService_.attach();
     mouseService_.attach();
-    view_.attach();
-    view_.realize();
-    view_.visible = true;
+    view_.open();
     face_.show();
 }
 
@@ -62,9 +60,7 @@ void Popup::leave()
     clickService_.detach();
     mouseService_.detach();
     face_.hide();
-    view_.detach();
-    view_.unrealize();
-    view_.visible = false;
+    view_.close();
 }
 
 void Popup::serviceFired(Service& service)

@@ -53,18 +53,14 @@ void ThumbnailGrid::create()
 void ThumbnailGrid::enter()
 {
     clickService_.attach();
-    view_.attach();
-    view_.realize();
-    view_.visible = true;
+    view_.open();
 }
 
 void ThumbnailGrid::leave()
 {
     deselect();
     clickService_.detach();
-    view_.detach();
-    view_.unrealize();
-    view_.visible = false;
+    view_.close();
 }
 
 const StagePoint& ThumbnailGrid::position(int index) const

@@ -134,6 +134,20 @@ void View::unrealize()
             itemOf(*item).unrealize();
 }
 
+void View::open()
+{
+    attach();
+    realize();
+    visible = true;
+}
+
+void View::close()
+{
+    detach();
+    unrealize();
+    visible = false;
+}
+
 List& displayList()
 {
     // Never destroyed: static views leave it in any order at unload.

@@ -48,6 +48,9 @@ public:
 
     void add(Graphic& item) { layer(0).addToLayer(item); }
 
+    void open(); ///< Attached, realized and shown.
+    void close(); ///< None of these.
+
     void realize(); ///< Resolves sizes of 0, realizes every item and sorts the layers.
     void unrealize();
 
