@@ -47,8 +47,8 @@ void performSwitch()
     next->onEnter();
     next->enter();
     current = next;
-    if (pending
-        == next) // a screen that asks for another one while it is entered gets it next frame
+    // A screen that asks for another one while it is entered gets it in the next frame.
+    if (pending == next)
         pending = nullptr;
     stopDispatch();
 }
