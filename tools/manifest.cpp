@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <map>
+#include <set>
 
 namespace kez::tools {
 
@@ -94,10 +95,13 @@ void takeSpriteKey(
     }
 }
 
-void takeKey(const LineParser& line, ManifestItem& item, const std::string& word)
+void takeKey(const LineParser& line, ManifestItem& item, const std::string& word,
+    std::set<std::string>& taken)
 {
     const std::size_t equals = word.find('=');
     const std::string key = word.substr(0, equals);
+    if (!taken.insert(key).second)
+        line.fail("the key \"" + key + "\" stands twice; leave one of them out");
     const std::string value = equals == std::string::npos ? std::string() : word.substr(equals + 1);
     if (key == "file" && value.empty())
         line.fail("file= names no file; write for example file=picture.png, or leave it out");
@@ -130,8 +134,9 @@ ManifestItem parseItem(LineParser& line, const std::string& kind, int number)
             + (isSprite ? " with its .sp5" : "") + "; shorten it to at most "
             + std::to_string(longestRecordName));
     item.file = *name + (isSprite ? ".png" : "");
+    std::set<std::string> taken;
     while (const auto word = line.word())
-        takeKey(line, item, *word);
+        takeKey(line, item, *word, taken);
     return item;
 }
 

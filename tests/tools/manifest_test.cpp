@@ -67,6 +67,7 @@ TEST(Manifest, namesFileLineAndRemedy)
         { "sprite depth=4", "m.txt:1: the name is missing" },
         { "sprite a dept=4", "m.txt:1: unknown key \"dept\"; a sprite's keys are" },
         { "sprite a keep=4", "m.txt:1: unknown key" },
+        { "sprite a depth=4 depth=5", "m.txt:1: the key \"depth\" stands twice; leave" },
         { "sprite a file=", "m.txt:1: file= names no file" },
         { "record a depth=4", "m.txt:1: unknown key \"depth\"; a record's only key" },
         { "sprite a depth=4x", "m.txt:1: depth=4x is no whole number" },
