@@ -1,51 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "surface_pixels.h"
 
+#include "display/surface_lock.h"
+
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace kez::player {
 namespace {
 
-// Keeps a surface locked and unlocks it on every way out.
-class SurfaceLock {
-public:
-    SurfaceLock(IDirectDrawSurface& surface, DWORD flags)
-        : surface_(surface)
-    {
-        description_.dwSize = sizeof(description_);
-        HRESULT result = surface.Lock(nullptr, &description_, DDLOCK_WAIT | flags, nullptr);
-        if (result == DDERR_SURFACELOST && surface.Restore() == DD_OK)
-            result = surface.Lock(nullptr, &description_, DDLOCK_WAIT | flags, nullptr);
-        locked_ = result == DD_OK;
-    }
-
-    ~SurfaceLock()
-    {
-        if (locked_)
-            surface_.Unlock(nullptr);
-    }
-
-    SurfaceLock(const SurfaceLock&) = delete;
-    SurfaceLock& operator=(const SurfaceLock&) = delete;
-
-    explicit operator bool() const { return locked_; }
-
-    [[nodiscard]] int width() const { return static_cast<int>(description_.dwWidth); }
-
-    [[nodiscard]] int height() const { return static_cast<int>(description_.dwHeight); }
-
-    [[nodiscard]] BYTE* row(int y) const
-    {
-        return static_cast<BYTE*>(description_.lpSurface)
-            + std::ptrdiff_t { description_.lPitch } * y;
-    }
-
-private:
-    IDirectDrawSurface& surface_;
-    DDSURFACEDESC description_ {};
-    bool locked_ = false;
-};
+// A surface that was lost is restored, once.
+SurfaceLock lockRestored(IDirectDrawSurface& surface, DWORD flags)
+{
+    bool wasRestored = false;
+    return { surface, flags, [&](HRESULT result) {
+                return result == DDERR_SURFACELOST && !std::exchange(wasRestored, true)
+                    && surface.Restore() == DD_OK;
+            } };
+}
 
 // One colour channel of a surface's pixels, widened to and narrowed from eight bits.
 class Channel {
@@ -116,7 +89,7 @@ void store(BYTE* at, int bytes, DWORD pixel)
 std::optional<Picture> readSurface(IDirectDrawSurface& surface)
 {
     const auto format = formatOf(surface);
-    const SurfaceLock lock(surface, DDLOCK_READONLY);
+    const SurfaceLock lock = lockRestored(surface, DDLOCK_READONLY);
     if (!format || !lock)
         return std::nullopt;
     Picture picture = blankPicture(lock.width(), lock.height(), 0);
@@ -132,7 +105,7 @@ std::optional<Picture> readSurface(IDirectDrawSurface& surface)
 bool writeSurface(IDirectDrawSurface& surface, const Picture& picture)
 {
     const auto format = formatOf(surface);
-    const SurfaceLock lock(surface, 0);
+    const SurfaceLock lock = lockRestored(surface, 0);
     if (!format || !lock)
         return false;
     for (int y = 0; y < std::min(picture.height, lock.height()); ++y) {

@@ -54,14 +54,13 @@ ByteBlock pixelsOf(IDirectDrawSurface& surface, const BITMAP& size)
 {
     const std::size_t rowBytes = static_cast<std::size_t>(size.bmWidth) * 3;
     ByteBlock pixels = ByteBlock::unset(rowBytes * static_cast<std::size_t>(size.bmHeight));
-    DDSURFACEDESC description = {};
-    if (!pixels || !lockSurface(surface, DDLOCK_WAIT | DDLOCK_READONLY, description))
+    const SurfaceLock lock = pixels ? lockSurface(surface, DDLOCK_READONLY) : SurfaceLock();
+    if (!lock)
         return {};
-    const auto* row = static_cast<const std::uint8_t*>(description.lpSurface);
-    for (std::size_t y = static_cast<std::size_t>(size.bmHeight); y-- > 0;
-         row += description.lPitch)
-        std::memcpy(pixels.data() + y * rowBytes, row, rowBytes);
-    surface.Unlock(nullptr);
+    for (int y = 0; y < size.bmHeight; ++y) {
+        const auto rowsBelow = static_cast<std::size_t>(size.bmHeight - 1 - y);
+        std::memcpy(pixels.data() + rowsBelow * rowBytes, lock.row(y), rowBytes);
+    }
     return pixels;
 }
 

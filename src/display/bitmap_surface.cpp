@@ -3,6 +3,7 @@
 
 #include "core/diagnostics.h"
 #include "display/bitmap_length.h"
+#include "display/memory_surface.h"
 #include "display/screen.h"
 #include "platform/files.h"
 
@@ -25,29 +26,11 @@ HBITMAP loadBitmap(const char* name, int width, int height)
     return static_cast<HBITMAP>(bitmap);
 }
 
-IDirectDrawSurface* createSurface(LONG width, LONG height)
+IDirectDrawSurface* createSurface(int width, int height)
 {
-    DDSURFACEDESC wanted = {};
-    wanted.dwSize = sizeof wanted;
-    wanted.dwFlags = DDSD_CAPS | DDSD_HEIGHT | DDSD_WIDTH | DDSD_PIXELFORMAT;
-    wanted.dwWidth = static_cast<DWORD>(width);
-    wanted.dwHeight = static_cast<DWORD>(height);
-    wanted.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY | DDSCAPS_OWNDC;
-    wanted.ddpfPixelFormat.dwSize = sizeof wanted.ddpfPixelFormat;
-    wanted.ddpfPixelFormat.dwFlags = DDPF_RGB;
-    wanted.ddpfPixelFormat.dwRGBBitCount = 24;
-    wanted.ddpfPixelFormat.dwRBitMask = 0x00FF0000;
-    wanted.ddpfPixelFormat.dwGBitMask = 0x0000FF00;
-    wanted.ddpfPixelFormat.dwBBitMask = 0x000000FF;
-    if (screen().directDraw() == nullptr) {
-        debugPrint("Without a DirectDraw object no bitmap can be loaded.");
-        return nullptr;
-    }
-    IDirectDrawSurface* surface = nullptr;
-    const HRESULT result = screen().directDraw()->CreateSurface(&wanted, &surface, nullptr);
-    if (result == DD_OK)
-        return surface;
-    abortReport(result, "CreateSurface");
+    if (screen().directDraw() != nullptr)
+        return createMemorySurface(*screen().directDraw(), width, height, 24);
+    debugPrint("Without a DirectDraw object no bitmap can be loaded.");
     return nullptr;
 }
 
@@ -91,12 +74,8 @@ bool copyOnto(IDirectDrawSurface& surface, HBITMAP bitmap, const BITMAP& bitmapS
     size.dwSize = sizeof size;
     if (!source || surface.GetSurfaceDesc(&size) != DD_OK)
         return false;
-    HDC target = nullptr;
-    HRESULT result = DD_OK;
-    do
-        result = surface.GetDC(&target);
-    while (screen().checkResult(result));
-    if (result != DD_OK)
+    const HDC target = takeDeviceContext(surface);
+    if (target == nullptr)
         return false;
     const BOOL copied
         = StretchBlt(target, 0, 0, static_cast<int>(size.dwWidth), static_cast<int>(size.dwHeight),

@@ -5,6 +5,8 @@
 #include "display/graphic.h"
 #include "display/screen.h"
 
+#include <utility>
+
 namespace kez {
 
 namespace {
@@ -22,6 +24,7 @@ struct Target {
 };
 
 Target target;
+SurfaceLock targetLock; // while the surface is open in pixel mode
 bool pitchReported = false;
 
 bool hasGaplessRows(const DDSURFACEDESC& description)
@@ -37,25 +40,20 @@ bool hasGaplessRows(const DDSURFACEDESC& description)
 
 CanvasPixel* lockPixels(IDirectDrawSurface& surface)
 {
-    DDSURFACEDESC description = {};
-    if (!lockSurface(surface, DDLOCK_WAIT, description))
+    SurfaceLock lock = lockSurface(surface, 0);
+    void* const pixels = lock ? lock.description().lpSurface : nullptr;
+    if (pixels == nullptr || !hasGaplessRows(lock.description()))
         return nullptr;
-    if (description.lpSurface != nullptr && hasGaplessRows(description))
-        return static_cast<CanvasPixel*>(description.lpSurface);
-    surface.Unlock(nullptr);
-    return nullptr;
+    targetLock = std::move(lock);
+    return static_cast<CanvasPixel*>(pixels);
 }
 
-HDC takeDeviceContext(IDirectDrawSurface& surface)
+HDC takeStageContext(IDirectDrawSurface& surface)
 {
-    HDC context = nullptr;
-    HRESULT result = DD_OK;
-    do
-        result = surface.GetDC(&context);
-    while (screen().checkResult(result));
-    if (result != DD_OK)
-        return nullptr;
-    SetViewportOrgEx(context, target.width / 2 - target.x, target.height / 2 - target.y, nullptr);
+    const HDC context = takeDeviceContext(surface);
+    if (context != nullptr)
+        SetViewportOrgEx(
+            context, target.width / 2 - target.x, target.height / 2 - target.y, nullptr);
     return context;
 }
 
@@ -80,15 +78,15 @@ void openTarget()
     else if (pixelMode)
         target.pixels = lockPixels(*target.surface);
     else
-        target.deviceContext = takeDeviceContext(*target.surface);
+        target.deviceContext = takeStageContext(*target.surface);
 }
 
 void closeTarget()
 {
     if (target.deviceContext != nullptr)
         target.surface->ReleaseDC(target.deviceContext);
-    else if (target.pixels != nullptr && target.surface != nullptr)
-        target.surface->Unlock(nullptr);
+    else if (target.surface != nullptr)
+        targetLock = {};
     target.pixels = nullptr;
     target.deviceContext = nullptr;
 }

@@ -3,6 +3,7 @@
 
 #include "core/diagnostics.h"
 #include "display/canvas.h"
+#include "display/memory_surface.h"
 #include "display/present_conversion.h"
 #include "display/stage.h"
 
@@ -83,12 +84,11 @@ void Screen::readPixelFormat()
 
 bool Screen::secondaryCanBeCanvas()
 {
-    DDSURFACEDESC description = {};
-    if (!lockSurface(*secondary_, DDLOCK_WAIT, description))
+    const SurfaceLock lock = lockSurface(*secondary_, 0);
+    if (!lock)
         return false;
-    const PixelRows rows = rowsOf(description);
-    secondary_->Unlock(nullptr);
-    return description.lPitch == gaplessPitch && rows.width == Stage::width
+    const PixelRows rows = rowsOf(lock.description());
+    return lock.description().lPitch == gaplessPitch && rows.width == Stage::width
         && rows.height == Stage::height;
 }
 
@@ -98,24 +98,7 @@ void Screen::createPicture()
         debugPrint("The host gave no DirectDraw object; nothing can be drawn.");
         return;
     }
-    DDSURFACEDESC wanted = {};
-    wanted.dwSize = sizeof wanted;
-    wanted.dwFlags = DDSD_CAPS | DDSD_HEIGHT | DDSD_WIDTH | DDSD_PIXELFORMAT;
-    wanted.dwWidth = Stage::width;
-    wanted.dwHeight = Stage::height;
-    wanted.ddsCaps.dwCaps = DDSCAPS_OFFSCREENPLAIN | DDSCAPS_SYSTEMMEMORY | DDSCAPS_OWNDC;
-    wanted.ddpfPixelFormat.dwSize = sizeof wanted.ddpfPixelFormat;
-    wanted.ddpfPixelFormat.dwFlags = DDPF_RGB;
-    wanted.ddpfPixelFormat.dwRGBBitCount = 32;
-    wanted.ddpfPixelFormat.dwRBitMask = 0x00FF0000;
-    wanted.ddpfPixelFormat.dwGBitMask = 0x0000FF00;
-    wanted.ddpfPixelFormat.dwBBitMask = 0x000000FF;
-    wanted.ddpfPixelFormat.dwRGBAlphaBitMask = 0xFF000000;
-    const HRESULT result = directDraw_->CreateSurface(&wanted, &picture_, nullptr);
-    if (result != DD_OK) {
-        abortReport(result, "CreateSurface");
-        picture_ = nullptr;
-    }
+    picture_ = createMemorySurface(*directDraw_, Stage::width, Stage::height, 32);
 }
 
 void Screen::present()
@@ -129,15 +112,13 @@ void Screen::present()
 
 void Screen::convert()
 {
-    DDSURFACEDESC source = {};
-    DDSURFACEDESC target = {};
-    if (!lockSurface(*picture_, DDLOCK_WAIT | DDLOCK_READONLY, source))
+    const SurfaceLock source = lockSurface(*picture_, DDLOCK_READONLY);
+    if (!source)
         return;
-    if (lockSurface(*secondary_, DDLOCK_WAIT | DDLOCK_WRITEONLY, target)) {
-        convertPicture(rowsOf(source), rowsOf(target), bitsPerPixel_, layout_);
-        secondary_->Unlock(nullptr);
-    }
-    picture_->Unlock(nullptr);
+    const SurfaceLock target = lockSurface(*secondary_, DDLOCK_WRITEONLY);
+    if (target)
+        convertPicture(
+            rowsOf(source.description()), rowsOf(target.description()), bitsPerPixel_, layout_);
 }
 
 void Screen::copyToPrimary()
@@ -183,15 +164,19 @@ Screen& screen()
     return only;
 }
 
-bool lockSurface(IDirectDrawSurface& surface, DWORD flags, DDSURFACEDESC& description)
+SurfaceLock lockSurface(IDirectDrawSurface& surface, DWORD flags)
 {
+    return { surface, flags, [](HRESULT result) { return screen().checkResult(result); } };
+}
+
+HDC takeDeviceContext(IDirectDrawSurface& surface)
+{
+    HDC context = nullptr;
     HRESULT result = DD_OK;
-    do {
-        description = {};
-        description.dwSize = sizeof description;
-        result = surface.Lock(nullptr, &description, flags, nullptr);
-    } while (screen().checkResult(result));
-    return result == DD_OK;
+    do
+        result = surface.GetDC(&context);
+    while (screen().checkResult(result));
+    return result == DD_OK ? context : nullptr;
 }
 
 void abortReport(HRESULT result, const char* operation)

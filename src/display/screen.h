@@ -7,6 +7,7 @@
 
 #include "core/string.h"
 #include "display/display_layout.h"
+#include "display/surface_lock.h"
 
 #include <windows.h>
 
@@ -59,9 +60,12 @@ private:
 /// The one screen of the module.
 Screen& screen();
 
-/// Locks the whole surface, as often as `checkResult` asks. False: not locked.
-[[nodiscard]] bool lockSurface(
-    IDirectDrawSurface& surface, DWORD flags, DDSURFACEDESC& description);
+/// Locks the surface, trying as often as `checkResult` asks.
+[[nodiscard]] SurfaceLock lockSurface(IDirectDrawSurface& surface, DWORD flags);
+
+/// The surface's device context, tried for in the same way. Null when there is none to be had; else
+/// the caller gives it back to the surface.
+[[nodiscard]] HDC takeDeviceContext(IDirectDrawSurface& surface);
 
 /// Writes "Abort <operation>:" and the text of the result code as a diagnostic.
 void abortReport(HRESULT result, const char* operation);
