@@ -8,6 +8,7 @@
 #include <sstream>
 
 namespace kez::player {
+
 namespace {
 
 // A child reads slowly, and a line stays a little after it has been said.

@@ -10,13 +10,14 @@
 #include <utility>
 
 namespace kez::player {
+
 namespace {
 
 struct Button {
-    const char* sheet; // Its lit look, in the artwork's directory.
+    const char* sheet; // its lit look, in the artwork's directory
     const char* caption;
     RECT area;
-    int key; // A letter that chooses it.
+    int key; // a letter that chooses it
 };
 
 constexpr std::array<Button, deskChoices> buttons { {
@@ -31,7 +32,7 @@ constexpr RECT plate { 202, 322, 438, 346 };
 constexpr DWORD blinkEveryMs = 4700;
 constexpr DWORD blinkMs = 160;
 
-constexpr int margin = 14; // Around a text in the frame.
+constexpr int margin = 14; // around a text in the frame
 
 constexpr std::uint32_t wood = 0xFF8A6A4A;
 constexpr std::uint32_t plainButton = 0xFF5B7FA6;

@@ -3,6 +3,7 @@
 /// three large buttons, and notes about what is missing.
 #pragma once
 
+#include "handed_back.h"
 #include "picture.h"
 
 #include <windows.h>
@@ -17,12 +18,6 @@ namespace kez::player {
 
 enum class DeskChoice { Camera, Book, Quit };
 constexpr std::size_t deskChoices = 3;
-
-/// What the last run handed back; `picture` is empty when the child chose none.
-struct HandedBack {
-    std::string name;
-    Picture picture;
-};
 
 class Desk {
 public:
@@ -49,19 +44,19 @@ public:
 private:
     struct Guide {
         Picture awake;
-        Picture shutEyes; // Over it; may be missing.
+        Picture shutEyes; ///< Over it; may be missing.
     };
 
     static Guide readGuide(const std::string& artwork, const std::string& name);
     [[nodiscard]] const Guide& guide() const;
-    void step(int by); // To the next or previous button.
+    void step(int by); ///< To the next or previous button.
     void drawSheets(Picture& page) const;
     void writeTexts(HDC context) const;
 
     Picture backdrop_;
-    Guide guideWaits_; // With an empty frame; else the next.
+    Guide guideWaits_; ///< With an empty frame; else the next.
     Guide guideIsGlad_;
-    std::optional<DWORD> since_; // The desk is as it is now, but for its buttons.
+    std::optional<DWORD> since_; ///< The desk is as it is now, but for its buttons.
     bool blinks_ = false;
     std::array<Picture, deskChoices> lit_;
     HandedBack handedBack_;

@@ -7,6 +7,7 @@
 #include <array>
 
 namespace kez::player {
+
 namespace {
 
 constexpr std::array<DWORD, 3> masks565 { 0xF800, 0x07E0, 0x001F };

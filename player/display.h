@@ -66,7 +66,7 @@ private:
     ComPointer<IDirectDraw> directDraw_;
     ComPointer<IDirectDrawSurface> primary_;
     ComPointer<IDirectDrawSurface> secondary_;
-    ComPointer<IDirectDrawSurface> stage_; // With captions only, and so are the next.
+    ComPointer<IDirectDrawSurface> stage_; ///< With captions only, and so are the next.
     ComPointer<IDirectDrawSurface> captioned_;
     std::optional<SpeechBubble> bubble_;
 };

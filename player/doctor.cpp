@@ -11,6 +11,7 @@
 #include <filesystem>
 
 namespace kez::player {
+
 namespace {
 
 constexpr std::uintmax_t megabyte = 1 << 20;

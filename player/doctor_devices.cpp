@@ -9,6 +9,7 @@
 #include "platform/files.h"
 
 namespace kez::player {
+
 namespace {
 
 class NobodyListens final : public WindowClient {

@@ -9,11 +9,12 @@
 #include <utility>
 
 namespace kez::player {
+
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int mostCopies = 999; // Of one name.
+constexpr int mostCopies = 999; // of one name
 
 std::string joined(const std::string& folder, const std::string& name)
 {

@@ -2,6 +2,7 @@
 #include "gdi_text.h"
 
 namespace kez::player {
+
 namespace {
 
 // A font for as long as it is selected into a context.

@@ -2,6 +2,7 @@
 #include "host_window.h"
 
 namespace kez::player {
+
 namespace {
 
 constexpr const char* className = "KezPlayer";

@@ -9,6 +9,7 @@
 #include <vector>
 
 namespace kez::player {
+
 namespace {
 
 constexpr const char* description
@@ -24,10 +25,10 @@ constexpr const char* keys
 // A source that the camera driver knows; empty when `text` is one, else the complaint.
 std::string checkCamera(const std::string& text)
 {
-    constexpr std::string_view folder = "folder:";
+    const std::string_view prefix = folderPrefix;
     if (text == "demo" || text == "none")
         return {};
-    if (text.starts_with(folder) && text.size() > folder.size())
+    if (text.starts_with(prefix) && text.size() > prefix.size())
         return {};
     return "takes demo, none or folder:DIR, not \"" + text + "\"";
 }

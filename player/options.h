@@ -13,6 +13,8 @@ enum class ExitCode { Fine = 0, Failed = 1, BadUsage = 2, VisitFailed = 3 };
 
 enum class Activity { Camera, Book };
 
+constexpr const char* folderPrefix = "folder:"; ///< Of a camera's source that is a folder.
+
 /// All paths as given; relative ones are meant from the directory the program was started in.
 struct Options {
     Activity activity = Activity::Camera;

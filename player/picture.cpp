@@ -6,6 +6,7 @@
 #include <algorithm>
 
 namespace kez::player {
+
 namespace {
 
 constexpr std::size_t bytesPerPixel = 3;

@@ -8,6 +8,7 @@
 #include <filesystem>
 
 namespace kez::player {
+
 namespace {
 
 namespace fs = std::filesystem;

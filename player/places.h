@@ -18,8 +18,6 @@ struct Places {
     std::string camera; ///< The camera's source; its folder is a whole path, too.
 };
 
-constexpr const char* folderPrefix = "folder:"; ///< Of a camera's source that is a folder.
-
 /// What holds when nothing is asked for: the person's own directories, and the content from beside
 /// the program or, for an installed program, from where it was installed to.
 [[nodiscard]] Options usualOptions();

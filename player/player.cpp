@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "player.h"
 
-#include "colours.h"
+#include "handed_back.h"
+#include "open_module.h"
 #include "png_file.h"
 #include "start_checks.h"
 
@@ -16,56 +17,11 @@
 #include <utility>
 
 namespace kez::player {
+
 namespace {
 
 constexpr DWORD deskPauseMs = 15;
-constexpr const char* artwork = "data"; // Of desk and captions, in the content's directory.
-
-// The module between `initialize` and `release`.
-class OpenModule {
-public:
-    OpenModule(HWND window, IDirectSound* sound, const Display& display, const std::string& data)
-    {
-        Kez::initialize(window, sound, display.directDraw(), display.primary(), display.secondary(),
-            display.bitsPerPixel(), data.c_str(), selectedFrame, labelText, emptyCell, bookFrame);
-        Kez::initializeCamera();
-        Kez::open();
-    }
-
-    ~OpenModule() { Kez::release(); }
-
-    OpenModule(const OpenModule&) = delete;
-    OpenModule& operator=(const OpenModule&) = delete;
-};
-
-// The module writes what it declares constant to its hosts; a compiler must not remember it.
-template <class Value>
-Value readAnew(const Value& exported)
-{
-    return *const_cast<const volatile Value*>(&exported);
-}
-
-// The module's rows come bottom row first, three bytes a pixel: blue, green, red.
-Picture pictureOf(const unsigned char* from, int width, int height)
-{
-    Picture picture = blankPicture(width, height, 0);
-    for (int y = height - 1; y >= 0; --y) {
-        for (int x = 0; x < width; ++x, from += 3)
-            picture.at(x, y) = 0xFF000000u | std::uint32_t { from[2] } << 16
-                | std::uint32_t { from[1] } << 8 | from[0];
-    }
-    return picture;
-}
-
-HandedBack takeHandedBack()
-{
-    const char* name = readAnew(Kez::imageName);
-    const unsigned char* pixels = readAnew(Kez::image);
-    HandedBack result { name != nullptr ? name : "", {} };
-    if (pixels != nullptr && Kez::imageWidth > 0 && Kez::imageHeight > 0)
-        result.picture = pictureOf(pixels, Kez::imageWidth, Kez::imageHeight);
-    return result;
-}
+constexpr const char* artwork = "data"; // of desk and captions, in the content's directory
 
 DisplayPlace placeFor(const Options& options)
 {

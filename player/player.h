@@ -42,7 +42,7 @@ private:
     void enterVoices();
     void note(const std::string& event);
     [[nodiscard]] std::string startNotes();
-    bool complain(const std::string& text) const; // Always false.
+    bool complain(const std::string& text) const; ///< Always false.
 
     void pass();
     bool passVisit();

@@ -7,6 +7,7 @@
 #include <png.h>
 
 namespace kez::player {
+
 namespace {
 
 // The artwork is 640 × 480; anything far beyond it is a mistake, not a sheet.
@@ -30,20 +31,20 @@ std::optional<Picture> readPng(const std::string& path)
 {
     const auto bytes = files::read(path);
     if (!bytes) {
-        debugPrint("%s cannot be read.\n", path.c_str());
+        debugPrint("%s cannot be read.", path.c_str());
         return std::nullopt;
     }
     PngImage png;
     if (png_image_begin_read_from_memory(&png.image, bytes->data(), bytes->size()) == 0
         || png.image.width > largestSide || png.image.height > largestSide) {
-        debugPrint("%s is no picture for the desk: %s\n", path.c_str(), png.image.message);
+        debugPrint("%s is no picture for the desk: %s", path.c_str(), png.image.message);
         return std::nullopt;
     }
     png.image.format = PNG_FORMAT_BGRA;
     Picture picture
         = blankPicture(static_cast<int>(png.image.width), static_cast<int>(png.image.height), 0);
     if (png_image_finish_read(&png.image, nullptr, picture.pixels.data(), 0, nullptr) == 0) {
-        debugPrint("%s is damaged: %s\n", path.c_str(), png.image.message);
+        debugPrint("%s is damaged: %s", path.c_str(), png.image.message);
         return std::nullopt;
     }
     return picture;

@@ -6,6 +6,7 @@
 #include "surface_pixels.h"
 
 namespace kez::player {
+
 namespace {
 
 // At the top, where it covers no button and no cell. The artwork has its bubble there, and keeps

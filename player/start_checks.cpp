@@ -13,6 +13,7 @@
 #include <vector>
 
 namespace kez::player {
+
 namespace {
 
 constexpr int cameraCells = 20;

@@ -8,6 +8,7 @@
 #include <utility>
 
 namespace kez::player {
+
 namespace {
 
 // A surface that was lost is restored, once.

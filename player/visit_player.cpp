@@ -5,6 +5,7 @@
 #include <utility>
 
 namespace kez::player {
+
 namespace {
 
 constexpr DWORD patienceMs = 60'000;
@@ -23,7 +24,7 @@ int characterOf(int virtualKey)
     case VK_BACK:
     case VK_TAB:
     case VK_SPACE:
-        return virtualKey; // These keys bear the codes of their characters.
+        return virtualKey; // these keys bear the codes of their characters
     default:
         return std::isalnum(virtualKey) != 0 && virtualKey <= 'Z' ? std::tolower(virtualKey) : 0;
     }

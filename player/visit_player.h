@@ -45,7 +45,7 @@ public:
     [[nodiscard]] const std::string& complaint() const { return complaint_; }
 
 private:
-    bool advance(const Step& step); // One move within a step; true when the step is done.
+    bool advance(const Step& step); ///< One move within a step; true when the step is done.
     bool click(const Step& step);
     bool typeNext(const Step& step);
     bool waitFor(bool reached, const std::string& what);
@@ -56,7 +56,7 @@ private:
     VisitHost& host_;
     std::size_t next_ = 0;
     int line_ = 0;
-    int moves_ = 0; // Made within the step under way.
+    int moves_ = 0; ///< Made within the step under way.
     DWORD stepStarted_ = 0;
     std::string complaint_;
 };

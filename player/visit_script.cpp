@@ -9,6 +9,7 @@
 #include <optional>
 
 namespace kez::player {
+
 namespace {
 
 constexpr int stageWidth = 640;

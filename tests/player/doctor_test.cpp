@@ -10,6 +10,7 @@
 #include <filesystem>
 
 namespace kez::player {
+
 namespace {
 
 using test::TemporaryFolder;

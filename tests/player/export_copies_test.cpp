@@ -13,6 +13,7 @@
 #include <vector>
 
 namespace kez::player {
+
 namespace {
 
 using test::TemporaryFolder;

@@ -8,6 +8,7 @@
 #include <vector>
 
 namespace kez::player {
+
 namespace {
 
 using testing::HasSubstr;

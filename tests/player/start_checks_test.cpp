@@ -12,6 +12,7 @@
 #include <filesystem>
 
 namespace kez::player {
+
 namespace {
 
 using test::TemporaryFolder;

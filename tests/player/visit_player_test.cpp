@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 namespace kez::player {
+
 namespace {
 
 using testing::ElementsAre;

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 namespace kez::player {
+
 namespace {
 
 std::vector<Step> steps(std::string_view text)
