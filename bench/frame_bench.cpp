@@ -20,6 +20,7 @@
 
 #include <ddraw.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace kez::bench {
@@ -75,7 +76,9 @@ private:
     static void pastePictures()
     {
         const CanvasMemory picture = paintedCanvas();
-        Image& backdrop = *cameraScreen().images().front();
+        const std::vector<Image*> images = cameraScreen().images();
+        Image& backdrop = **std::find_if(images.begin(), images.end(),
+            [](const Image* image) { return image->name().view() == "camBack"; });
         for (int cell = 0; cell < slotCount; ++cell) {
             const StagePoint& place = cameraScreen().grid().position(cell);
             backdrop.pastePixels(picture.data(), 160, 120, place.x, place.y, 82, 54);
