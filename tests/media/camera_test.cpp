@@ -31,6 +31,7 @@ protected:
     {
         link.stop();
         settle();
+        fake.afterCall = nullptr; // it refers to the test, and the link still closes the camera
         winapi::useRealClock();
     }
 
